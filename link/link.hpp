@@ -1,0 +1,86 @@
+#pragma once
+// The serial link engine: builds and queues frames, and on each 40 ms poll reads the port,
+// cuts frames out of the received bytes, checks and answers them, hands good ones to the
+// reply decoders, follows the camera's ACK and NAK, and sends the next queued frame.
+// Two slower watches report a frame that is never acknowledged (1 s) and an answer that
+// never comes after a bad frame (25 s).
+//
+// Time enters only as the three timers' ticks; the engine never reads a clock.
+
+#include <string>
+
+#include "common/bytes.hpp"
+#include "common/controls.hpp"
+#include "common/messages.hpp"
+#include "common/serial_port.hpp"
+#include "common/shared.hpp"
+#include "link/reply_decoders.hpp"
+#include "link/send_queue.hpp"
+
+namespace station {
+
+class Link {
+public:
+    Link(Shared& shared, SerialPort& port, MessageSink& messages, ReplyDecoders& decoders);
+
+    // Frames a command given as hex text for the selected camera and queues it. In camera-ID
+    // mode a camera without an ID gets the "No Camera ID" message and nothing is queued.
+    void SendCmd(const std::string& cmdStr);
+
+    // Writes bytes to the port in one write and shows them in the send monitor.
+    void CommOut(const Bytes& data);
+
+    // The 40 ms poll: handshake-free sending, or read, consume, answer and send.
+    void Timer1_Timer();
+    // The acknowledge watch (100 ms): "No Acknowledge" and the frame dropped after 10 ticks.
+    void Timer2_Timer();
+    // The answer watch (500 ms): "No Answer from Camera" after 50 ticks.
+    void Timer3_Timer();
+
+    // Splits a good frame into two-digit hex texts and calls the decoders its class names.
+    void RecCmd(const Bytes& recData, int anslen);
+
+    // Bytes typed into the command console, fed into the receive path by the next poll.
+    // One byte when count is 1, `data` in order when it is larger.
+    void setTestData(Integer count, Bytes data);
+    Integer TestCnt() const { return testCnt_; }
+
+    SendQueue& queue() { return queue_; }
+    const SendQueue& queue() const { return queue_; }
+    Integer AckWait() const { return ackWait_; }
+    Integer AnsWait() const { return ansWait_; }
+    const Bytes& RecBuff() const { return recBuff_; }
+
+    // Timers of the main window that drive the three ticks above.
+    Timer Timer1;
+    Timer Timer2;
+    Timer Timer3;
+
+    // The traffic monitor: the last transmission ("Send Data") and the last reception
+    // ("Recieve Data", the caption's long-standing spelling), a blank before each byte.
+    Label Label10{"Send Data"};
+    Label Label11{"Recieve Data"};
+    void MonSend(const Bytes& data);
+    void MonRec(const Bytes& data);
+
+private:
+    bool handshakeFree() const;
+    void appendReceived(const Bytes& data);
+    void consumeReceived(std::size_t available);
+    bool consumeFrame(std::size_t available);
+    void removeHeadAfterAck();
+
+    Shared& shared_;
+    SerialPort& port_;
+    MessageSink& messages_;
+    ReplyDecoders& decoders_;
+
+    SendQueue queue_;
+    Integer ackWait_ = 0;  // -1 idle, 10..1 counting down after a send
+    Integer ansWait_ = 0;  // -1 idle, 50..1 counting down after a bad frame
+    Bytes recBuff_;
+    Integer testCnt_ = 0;
+    Bytes testData_;
+};
+
+}  // namespace station
