@@ -1,0 +1,87 @@
+// FclListSet: the list of known camera types, built from the definition folder.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "camtype/camera_types.hpp"
+#include "camtype/text_lines.hpp"
+
+namespace station {
+
+namespace {
+
+char lowerAscii(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+
+// Matches the pattern "*.fcl"; as on the systems the files come from, case does not matter.
+bool isDefinitionFileName(const std::string& name) {
+    static constexpr std::string_view ext = ".fcl";
+    if (name.size() < ext.size()) return false;
+    for (std::size_t i = 0; i < ext.size(); ++i)
+        if (lowerAscii(name[name.size() - ext.size() + i]) != ext[i]) return false;
+    return true;
+}
+
+// Name order regardless of case, then by bytes so that the order is always the same.
+bool nameOrder(const std::string& a, const std::string& b) {
+    const auto folded = std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
+                                                     [](char x, char y) { return lowerAscii(x) < lowerAscii(y); });
+    const auto foldedBack = std::lexicographical_compare(
+        b.begin(), b.end(), a.begin(), a.end(), [](char x, char y) { return lowerAscii(x) < lowerAscii(y); });
+    if (folded != foldedBack) return folded;
+    return a < b;
+}
+
+std::vector<std::string> definitionFileNames(const std::filesystem::path& folder) {
+    std::vector<std::string> names;
+    std::error_code ec;
+    std::filesystem::directory_iterator it(folder, ec);
+    const std::filesystem::directory_iterator end;
+    while (!ec && it != end) {
+        std::error_code typeEc;
+        const std::string name = it->path().filename().string();
+        if (it->is_regular_file(typeEc) && isDefinitionFileName(name)) names.push_back(name);
+        it.increment(ec);
+    }
+    std::sort(names.begin(), names.end(), nameOrder);
+    return names;
+}
+
+}  // namespace
+
+void CameraTypes::readTypeEntry(int row, std::string_view text) {
+    std::string& code = types_.TypeCode(row);
+    std::string& note = types_.TypeNote(row);
+    code.clear();
+    note.clear();
+    std::string_view section;
+    // Unlike the full load, the list does not turn tabs into blanks.
+    forEachLine(text, [&](std::string_view line) {
+        if (!line.empty() && line.front() == '[') {
+            section = sectionName(line);
+            return;
+        }
+        if (section != "[camera type]") return;
+        const Entry e = splitEntry(line);
+        if (e.key == "CODE=") code = e.value.substr(0, 3);
+        else if (e.key == "NOTE=") note = e.value;
+    });
+}
+
+void CameraTypes::FclListSet(ListBox& List1) {
+    std::vector<std::string> names = definitionFileNames(DefinitionFolder);
+    if (names.size() > static_cast<std::size_t>(kMaxTypes)) names.resize(kMaxTypes);  // the rest is ignored
+    const int n = static_cast<int>(names.size());
+    types_.TypeFile(0) = std::to_string(n);
+    for (int i = 1; i <= n; ++i) types_.TypeFile(i) = names[static_cast<std::size_t>(i - 1)];
+    for (int i = 1; i <= n; ++i) {
+        // A file that vanished or cannot be read since it was listed keeps its place with
+        // no code, so the rows still follow the file list.
+        const auto text = readTextFile(DefinitionFolder / types_.TypeFile(i));
+        readTypeEntry(i, text ? std::string_view(*text) : std::string_view{});
+    }
+    List1.clear();
+    List1.addItem("delete");
+    for (int i = 1; i <= n; ++i) List1.addItem(types_.TypeCode(i));
+}
+
+}  // namespace station

@@ -1,0 +1,58 @@
+#include <gtest/gtest.h>
+
+#include "camtype/definition_folder.hpp"
+#include "tests/camtype/temp_folder.hpp"
+
+namespace station {
+namespace {
+
+using testing::TempFolder;
+
+TEST(DefinitionFolder, TheOptionInEitherFormTheLastOneWinning) {
+    using V = std::vector<std::string>;
+    EXPECT_EQ(definitionFolderOption(V{"station", "--definitions", "/opt/types"}), std::filesystem::path("/opt/types"));
+    EXPECT_EQ(definitionFolderOption(V{"station", "--definitions=/a b", "-x"}), std::filesystem::path("/a b"));
+    EXPECT_EQ(definitionFolderOption(V{"s", "--definitions=/one", "--definitions", "/two"}),
+              std::filesystem::path("/two"));
+    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitions"}));
+    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitions="}));
+    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitionsX=/a", "/b"}));
+    EXPECT_FALSE(definitionFolderOption(V{"s"}));
+}
+
+TEST(DefinitionFolder, SettingFileFromTheEnvironment) {
+    EXPECT_EQ(rememberedSettingFile("/cfg", "/home/op"),
+              std::filesystem::path("/cfg/corvane-station/definition-folder"));
+    EXPECT_EQ(rememberedSettingFile("", "/home/op"),
+              std::filesystem::path("/home/op/.config/corvane-station/definition-folder"));
+    EXPECT_EQ(rememberedSettingFile(nullptr, "/home/op"),
+              std::filesystem::path("/home/op/.config/corvane-station/definition-folder"));
+    EXPECT_FALSE(rememberedSettingFile(nullptr, nullptr));
+}
+
+TEST(DefinitionFolder, RememberedFolderSurvivesARoundTrip) {
+    TempFolder tmp;
+    const auto setting = tmp / "config/corvane-station/definition-folder";
+    EXPECT_FALSE(readRememberedFolder(setting));
+    ASSERT_TRUE(rememberFolder(setting, "/usr/share/corvane-station"));
+    EXPECT_EQ(readRememberedFolder(setting), std::filesystem::path("/usr/share/corvane-station"));
+
+    tmp.write("crlf", "C:\\Types\r\nignored\r\n");
+    EXPECT_EQ(readRememberedFolder(tmp / "crlf"), std::filesystem::path("C:\\Types"));
+    tmp.write("empty", "\r\n/second\r\n");
+    EXPECT_FALSE(readRememberedFolder(tmp / "empty"));
+}
+
+TEST(DefinitionFolder, OptionThenRememberedThenWorkingFolder) {
+    TempFolder tmp;
+    const std::filesystem::path working = "/work/here";
+    const std::filesystem::path remembered = tmp.path();
+    EXPECT_EQ(chooseDefinitionFolder(std::filesystem::path("/opt/x"), remembered, working), "/opt/x");
+    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, remembered, working), remembered);
+    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, std::nullopt, working), working);
+    // A remembered folder that is gone does not hide the working folder.
+    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, tmp / "gone", working), working);
+}
+
+}  // namespace
+}  // namespace station
