@@ -1,0 +1,169 @@
+#include "platform/termios_port.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <sstream>
+#include <system_error>
+#include <utility>
+
+#include "common/runtime_error.hpp"
+
+namespace station::platform {
+
+namespace {
+
+bool speedOf(int rate, speed_t& out) {
+    switch (rate) {
+    case 1200: out = B1200; return true;
+    case 2400: out = B2400; return true;
+    case 4800: out = B4800; return true;
+    case 9600: out = B9600; return true;
+    case 19200: out = B19200; return true;
+    case 38400: out = B38400; return true;
+    case 57600: out = B57600; return true;
+    case 115200: out = B115200; return true;
+    default: return false;
+    }
+}
+
+}  // namespace
+
+TermiosPort::TermiosPort(std::string portOne) : portOne_(std::move(portOne)) {}
+
+TermiosPort::~TermiosPort() { close(); }
+
+std::string TermiosPort::portOneDevice() {
+    const char* env = std::getenv("CORVANE_PORT");
+    return env != nullptr && *env != '\0' ? std::string(env) : std::string("/dev/ttyS0");
+}
+
+std::string TermiosPort::device() const {
+    return port_ == 1 ? portOne_ : "/dev/ttyS" + std::to_string(port_ - 1);
+}
+
+void TermiosPort::setCommPort(int port) {
+    if (port < 1 || port > 16) throw RuntimeError::invalidCall();
+    port_ = port;
+}
+
+TermiosPort::Settings TermiosPort::parse(const std::string& text) {
+    std::istringstream in(text);
+    std::string rate, parity, data, stop, extra;
+    if (!std::getline(in, rate, ',') || !std::getline(in, parity, ',') || !std::getline(in, data, ',') ||
+        !std::getline(in, stop, ',') || std::getline(in, extra))
+        throw RuntimeError::invalidCall();
+    Settings s;
+    speed_t unused{};
+    try {
+        std::size_t used = 0;
+        s.rate = std::stoi(rate, &used);
+        if (used != rate.size()) throw RuntimeError::invalidCall();
+    } catch (const std::logic_error&) {
+        throw RuntimeError::invalidCall();
+    }
+    if (!speedOf(s.rate, unused)) throw RuntimeError::invalidCall();
+    if (parity.size() != 1 || (parity != "N" && parity != "E" && parity != "O" && parity != "n" && parity != "e" &&
+                               parity != "o"))
+        throw RuntimeError::invalidCall();
+    s.parity = static_cast<char>(parity[0] & ~0x20);
+    if (data != "7" && data != "8") throw RuntimeError::invalidCall();
+    s.dataBits = data[0] - '0';
+    if (stop != "1" && stop != "2") throw RuntimeError::invalidCall();
+    s.stopBits = stop[0] - '0';
+    return s;
+}
+
+void TermiosPort::setSettings(const std::string& settings) {
+    settings_ = parse(settings);
+    if (isOpen()) apply();
+}
+
+void TermiosPort::apply() {
+    termios tio{};
+    if (::tcgetattr(fd_, &tio) != 0) throw std::system_error(errno, std::generic_category(), "tcgetattr " + device());
+    ::cfmakeraw(&tio);
+    speed_t speed{};
+    speedOf(settings_.rate, speed);
+    ::cfsetispeed(&tio, speed);
+    ::cfsetospeed(&tio, speed);
+    tio.c_cflag |= CLOCAL | CREAD;
+    tio.c_cflag &= ~static_cast<tcflag_t>(CSIZE | PARENB | PARODD | CSTOPB | CRTSCTS);
+    tio.c_cflag |= settings_.dataBits == 7 ? CS7 : CS8;
+    if (settings_.parity != 'N') tio.c_cflag |= PARENB;
+    if (settings_.parity == 'O') tio.c_cflag |= PARODD;
+    if (settings_.stopBits == 2) tio.c_cflag |= CSTOPB;
+    tio.c_cc[VMIN] = 0;
+    tio.c_cc[VTIME] = 0;
+    if (::tcsetattr(fd_, TCSANOW, &tio) != 0)
+        throw std::system_error(errno, std::generic_category(), "tcsetattr " + device());
+}
+
+void TermiosPort::open() {
+    if (isOpen()) return;
+    const std::string path = device();
+    fd_ = ::open(path.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    if (fd_ < 0) throw std::system_error(errno, std::generic_category(), "cannot open " + path);
+    try {
+        apply();
+    } catch (...) {
+        close();
+        throw;
+    }
+    ::tcflush(fd_, TCIOFLUSH);
+}
+
+void TermiosPort::close() {
+    if (fd_ >= 0) ::close(fd_);
+    fd_ = -1;
+}
+
+int TermiosPort::bytesWaiting() {
+    if (!isOpen()) return 0;
+    int n = 0;
+    if (::ioctl(fd_, FIONREAD, &n) != 0) return 0;
+    return n;
+}
+
+Bytes TermiosPort::readAll() {
+    Bytes out;
+    if (!isOpen()) return out;
+    std::array<std::uint8_t, 1024> buf{};
+    for (;;) {
+        const ssize_t n = ::read(fd_, buf.data(), buf.size());
+        if (n > 0) {
+            out.insert(out.end(), buf.begin(), buf.begin() + n);
+            continue;
+        }
+        if (n < 0 && errno == EINTR) continue;
+        break;  // nothing more waiting (EAGAIN), the other end gone (EIO), or end of input
+    }
+    return out;
+}
+
+void TermiosPort::write(const Bytes& data) {
+    if (!isOpen()) return;
+    std::size_t done = 0;
+    while (done < data.size()) {
+        const ssize_t n = ::write(fd_, data.data() + done, data.size() - done);
+        if (n > 0) {
+            done += static_cast<std::size_t>(n);
+        } else if (n < 0 && errno == EINTR) {
+            continue;
+        } else if (n < 0 && errno == EAGAIN) {
+            // The output buffer is full: give the line a moment to drain, then give up.
+            pollfd p{fd_, POLLOUT, 0};
+            if (::poll(&p, 1, 1000) <= 0) return;
+        } else {
+            return;
+        }
+    }
+}
+
+}  // namespace station::platform

@@ -1,0 +1,58 @@
+#pragma once
+// The station's serial port on a POSIX terminal device (a real RS-232 port, a USB
+// adapter, or a pseudo-terminal such as the one camera-sim serves). Raw bytes, reads
+// that never block, the settings text of the station ("9600,N,8,1").
+//
+// Port 1 is the device given to the constructor (by default portOneDevice()); port n
+// above 1 is /dev/ttyS(n-1).
+
+#include <string>
+
+#include "common/serial_port.hpp"
+
+namespace station::platform {
+
+class TermiosPort : public SerialPort {
+public:
+    explicit TermiosPort(std::string portOne = portOneDevice());
+    ~TermiosPort() override;
+    TermiosPort(const TermiosPort&) = delete;
+    TermiosPort& operator=(const TermiosPort&) = delete;
+
+    void setCommPort(int port) override;
+    // "RATE,PARITY,DATA,STOP": parity N, E or O, 7 or 8 data bits, 1 or 2 stop bits.
+    // Anything else raises error 5 and leaves the settings as they were. Applied at
+    // once when the port is open.
+    void setSettings(const std::string& settings) override;
+    // Raises std::system_error when the device cannot be opened or set up.
+    void open() override;
+    void close() override;
+    bool isOpen() const override { return fd_ >= 0; }
+    int bytesWaiting() override;
+    Bytes readAll() override;
+    // The station does not check its writes: bytes that cannot be written are lost.
+    void write(const Bytes& data) override;
+
+    // The device the selected port stands for.
+    std::string device() const;
+
+    // $CORVANE_PORT when set and not empty, else /dev/ttyS0.
+    static std::string portOneDevice();
+
+private:
+    struct Settings {
+        int rate = 9600;
+        char parity = 'N';
+        int dataBits = 8;
+        int stopBits = 1;
+    };
+    static Settings parse(const std::string& text);
+    void apply();
+
+    std::string portOne_;
+    int port_ = 1;
+    Settings settings_;
+    int fd_ = -1;
+};
+
+}  // namespace station::platform

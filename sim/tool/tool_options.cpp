@@ -1,0 +1,134 @@
+#include "sim/tool/tool_options.hpp"
+
+#include <charconv>
+#include <fstream>
+#include <stdexcept>
+
+namespace station::sim {
+
+namespace {
+
+long wholeNumber(const std::string& option, const std::string& text, long min, long max) {
+    long v = 0;
+    const char* end = text.data() + text.size();
+    const auto [ptr, ec] = std::from_chars(text.data(), end, v);
+    if (text.empty() || ec != std::errc() || ptr != end || v < min || v > max)
+        throw std::invalid_argument(option + ": expected a number from " + std::to_string(min) + " to " +
+                                    std::to_string(max));
+    return v;
+}
+
+}  // namespace
+
+ToolOptions parseToolOptions(const std::vector<std::string>& args) {
+    ToolOptions out;
+    bool described = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        std::string name = args[i];
+        std::optional<std::string> inlineValue;
+        if (const std::size_t eq = name.find('='); name.rfind("--", 0) == 0 && eq != std::string::npos) {
+            inlineValue = name.substr(eq + 1);
+            name = name.substr(0, eq);
+        }
+        auto value = [&]() -> std::string {
+            if (inlineValue) return *inlineValue;
+            if (i + 1 >= args.size()) throw std::invalid_argument(name + ": missing value");
+            return args[++i];
+        };
+        auto flag = [&] {
+            if (inlineValue) throw std::invalid_argument(name + " takes no value");
+        };
+
+        if (name == "--help" || name == "-h") {
+            flag();
+            out.help = true;
+        } else if (name == "--camera") {
+            addCameraOption(value(), out.line);
+            described = true;
+        } else if (name == "--setup") {
+            const std::string path = value();
+            std::ifstream in(path, std::ios::binary);
+            if (!in) throw std::invalid_argument("--setup " + path + ": cannot read the file");
+            readSetupData(in, out.line);
+            described = true;
+        } else if (name == "--fault") {
+            addFaultOption(value(), out.line);
+        } else if (name == "--id-mode") {
+            flag();
+            out.line.idMode = true;
+        } else if (name == "--speed") {
+            const std::string v = value();
+            if (v != "9600" && v != "19200") throw std::invalid_argument("--speed: 9600 or 19200");
+            out.line.speed = std::stoi(v);
+        } else if (name == "--auto-delay") {
+            out.line.autoDelay = Micros{wholeNumber(name, value(), 0, 600'000) * 1000};
+        } else if (name == "--link") {
+            out.linkPath = value();
+            if (out.linkPath.empty()) throw std::invalid_argument("--link: empty path");
+        } else if (name == "--trace") {
+            flag();
+            out.trace = true;
+        } else if (name == "--exit-after") {
+            out.exitAfter = static_cast<double>(wholeNumber(name, value(), 1, 86'400));
+        } else {
+            throw std::invalid_argument(args[i] + ": unknown option");
+        }
+    }
+    if (out.help) return out;
+    if (!described) {
+        CameraSetup& first = out.line.at(1);
+        first.present = true;
+        first.id = "01";
+    }
+    for (int p = 1; p <= kMaxCameras; ++p) {
+        const CameraSetup& c = out.line.at(p);
+        if (c.faulted && !c.present)
+            throw std::invalid_argument("--fault " + std::to_string(p) + ":...: no camera at position " +
+                                        std::to_string(p));
+    }
+    if (out.line.count() == 0) throw std::invalid_argument("no camera on the line");
+    return out;
+}
+
+std::string toolHelp() {
+    return "Usage: camera-sim [OPTION]...\n"
+           "\n"
+           "Puts a line of up to eight virtual studio cameras on a pseudo-terminal and prints\n"
+           "the terminal's path as the first line of its output. The cameras acknowledge,\n"
+           "apply and answer the station's frames at the line speed, as cameras on a real\n"
+           "RS-232 line do, until the program is stopped (Ctrl-C).\n"
+           "\n"
+           "Pointing the station at it:\n"
+           "  The station's serial port 1 is the device named by the environment variable\n"
+           "  CORVANE_PORT (without it, /dev/ttyS0). Start the station with CORVANE_PORT set\n"
+           "  to the printed path, or give the line a fixed name with --link:\n"
+           "      camera-sim --link /tmp/corvane-line --camera 1:AB1:01 &\n"
+           "      export CORVANE_PORT=/tmp/corvane-line    # then start the station\n"
+           "  Set the station's line speed and camera ID setting to match the line's.\n"
+           "  Any other program or script can open the path as a serial port: raw bytes,\n"
+           "  9600 or 19200 bit/s, 8 data bits, no parity, 1 stop bit.\n"
+           "\n"
+           "Cameras:\n"
+           "  --camera N:TYPE:ID    a camera at position N (1..8) with a type code and an ID,\n"
+           "                        e.g. --camera 1:AB1:01 (repeat for more cameras)\n"
+           "  --setup FILE          the cameras (\"[camera type/ID]\") and the camera ID setting\n"
+           "                        (\"Camera Select=\") of a setup data file (*.csd)\n"
+           "  --id-mode             cameras in ID mode: frames carry the camera's ID, and a\n"
+           "                        frame without one is a group frame for every camera\n"
+           "  --speed 9600|19200    line speed in bit/s (default 9600)\n"
+           "  --auto-delay MS       time auto white / auto black takes (default 3000)\n"
+           "  Without --camera or --setup, one camera stands at position 1 with ID 01.\n"
+           "\n"
+           "Faults, per camera (repeat for more):\n"
+           "  --fault N:KIND[=VALUE]  camera N shows the fault KIND:\n" +
+           faultHelp() +
+           "\n"
+           "Other:\n"
+           "  --link PATH           also make PATH a symbolic link to the terminal\n"
+           "                        (replaces an old link there, removed on exit)\n"
+           "  --trace               show every transmission on standard error\n"
+           "  --exit-after SECONDS  stop by itself after that long\n"
+           "  --help                show this text\n";
+}
+
+}  // namespace station::sim
