@@ -1,0 +1,129 @@
+// The sample definition files and studio setup that ship with the program.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "common/hex.hpp"
+#include "common/vb_conv.hpp"
+#include "tests/setupfile/setup_rig.hpp"
+
+namespace station {
+namespace {
+
+using testing::readBytes;
+using testing::SetupRig;
+
+const std::filesystem::path kSamples = STATION_SAMPLES_DIR;
+
+struct SampleRig : SetupRig {
+    SampleRig() {
+        types.DefinitionFolder = kSamples;
+        list();
+        dialogs.openAnswer = (kSamples / "studio.csd").string();
+        file.CamFileOpen();
+    }
+    int slots() const { return static_cast<int>(val(tables.FclName(0))); }
+};
+
+bool isHex(const std::string& text) {
+    return !text.empty() && text.find_first_not_of("0123456789ABCDEF") == std::string::npos;
+}
+int byteAt(const std::string& code, std::size_t n) { return static_cast<int>(val("&H" + code.substr(2 * n, 2))); }
+
+TEST(Samples, TheStudioOpensWithoutAMessageAndSavesToTheSameBytes) {
+    SampleRig rig;
+    EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_EQ(rig.tables.TypeFile(0), "4");
+    const std::set<std::string> codes(rig.List1.items().begin() + 1, rig.List1.items().end());
+    EXPECT_EQ(codes.size(), 4U);
+    for (const auto& code : codes) EXPECT_EQ(code.size(), 3U);
+    EXPECT_EQ(rig.slots(), 4);
+
+    rig.file.FileName = (rig.folder / "copy.csd").string();
+    rig.file.CsdSave();
+    EXPECT_EQ(readBytes(rig.folder / "copy.csd"), readBytes(kSamples / "studio.csd"));
+}
+
+TEST(Samples, TogetherTheTypesOfferEveryPanelSwitch) {
+    SampleRig rig;
+    std::set<int> gain, filter, tally, monitor, iris, lens;
+    for (int k = 1; k <= rig.slots(); ++k) {
+        gain.insert(rig.tables.FormGain(k));
+        filter.insert(rig.tables.FormFilter(k));
+        tally.insert(rig.tables.FormTally(k));
+        monitor.insert(rig.tables.FormMonitor(k));
+        iris.insert(rig.tables.FormIris(k));
+        lens.insert(rig.tables.FormLens(k));
+    }
+    EXPECT_EQ(gain, (std::set<int>{0, 1, 2, 3}));
+    EXPECT_EQ(filter, (std::set<int>{0, 1, 2}));
+    EXPECT_EQ(tally, (std::set<int>{0, 1}));
+    EXPECT_EQ(monitor, (std::set<int>{0, 1}));
+    EXPECT_EQ(iris, (std::set<int>{0, 1}));
+    EXPECT_EQ(lens, (std::set<int>{0, 1}));
+}
+
+// Registers and levels the main panel drives itself; function items must leave them alone.
+bool panelRegister(int cls, int address) {
+    static const std::set<int> modes20 = {0x00, 0x01, 0x02, 0x03, 0x04, 0x05, 0x08, 0x0F, 0x14};
+    static const std::set<int> modes28 = {0x06, 0x07, 0x12, 0x13};
+    static const std::set<int> levels30 = {0x18, 0x1A, 0x21, 0x23, 0x2B, 0x2C, 0x2E, 0x39};
+    return (cls == 0x20 && modes20.count(address)) || (cls == 0x28 && modes28.count(address)) ||
+           (cls == 0x30 && levels30.count(address));
+}
+
+TEST(Samples, ItemCodesAreSetCommandsOnRegistersOfTheirOwn) {
+    SampleRig rig;
+    std::set<std::string> kinds, functionKeys;
+    int shutterTables = 0;
+    for (int k = 1; k <= rig.slots(); ++k) {
+        if (val(rig.tables.VsList(k, 0, 0)) > 0) ++shutterTables;
+        for (int f = 1; f <= val(rig.tables.FuncList(k, 0, 0)); ++f) {
+            functionKeys.insert(rig.tables.FuncList(k, f, 0));
+            for (int i = 1; i <= val(rig.tables.ItemList(k, f, 0)); ++i) {
+                const std::string kind = rig.tables.ItemList(k, f, i);
+                const std::string code = rig.tables.ItemList(k, f, i + kItemCodeCell);
+                SCOPED_TRACE(rig.tables.FclName(k) + ": " + rig.tables.ItemList(k, f, i + kItemNameCell));
+                kinds.insert(kind);
+                ASSERT_TRUE(isHex(code)) << code;
+                const int modes = static_cast<int>(val(rig.tables.ModeList(k, f, i, 0, 0)));
+                if (kind == "M") {
+                    // Class, register and mask; each value is a data byte inside the open bits.
+                    ASSERT_EQ(code.size(), 6U);
+                    EXPECT_TRUE(byteAt(code, 0) == 0x20 || byteAt(code, 0) == 0x28);
+                    EXPECT_FALSE(panelRegister(byteAt(code, 0), byteAt(code, 1)));
+                    EXPECT_GE(modes, 2);
+                    for (int p = 1; p <= modes; ++p) {
+                        const std::string v = rig.tables.ModeList(k, f, i, p, 1);
+                        ASSERT_TRUE(isHex(v) && v.size() == 2) << v;
+                        EXPECT_EQ(byteAt(v, 0) & byteAt(code, 2), 0) << v;
+                    }
+                } else if (kind == "A" || kind == "S") {
+                    ASSERT_EQ(code.size(), 4U);
+                    EXPECT_EQ(byteAt(code, 0), 0x30);
+                    EXPECT_FALSE(panelRegister(0x30, byteAt(code, 1)));
+                    if (kind == "A") {
+                        for (int row : {kAnalogSize, kAnalogMin, kAnalogMax, kAnalogStep})
+                            EXPECT_TRUE(isHex(rig.tables.ModeList(k, f, i, row, 1)));
+                        EXPECT_LT(val("&H" + rig.tables.ModeList(k, f, i, kAnalogMin, 1)),
+                                  val("&H" + rig.tables.ModeList(k, f, i, kAnalogMax, 1)));
+                    } else {
+                        EXPECT_GE(modes, 2);
+                    }
+                } else {
+                    // An action: a command prefix that its value codes complete.
+                    ASSERT_EQ(kind, "T");
+                    EXPECT_EQ(code.size(), 2U);
+                    EXPECT_GE(modes, 1);
+                    for (int p = 1; p <= modes; ++p) EXPECT_TRUE(isHex(rig.tables.ModeList(k, f, i, p, 1)));
+                }
+            }
+        }
+    }
+    EXPECT_EQ(kinds, (std::set<std::string>{"M", "A", "S", "T"}));
+    EXPECT_EQ(functionKeys, (std::set<std::string>{"FS", "F"}));
+    EXPECT_GE(shutterTables, 1);
+}
+
+}  // namespace
+}  // namespace station

@@ -1,0 +1,66 @@
+#pragma once
+// The setup data file on the camera-type rig, with answered-in-advance dialogs and a disk
+// writer that can be told to fail.
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "camtype/item_rows.hpp"
+#include "setupfile/setup_file.hpp"
+#include "tests/camtype/type_rig.hpp"
+
+namespace station::testing {
+
+class FakeDialogs : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const std::string& filter) override {
+        calls.push_back("open " + filter);
+        return openAnswer;
+    }
+    std::optional<std::string> saveFile(const std::string& filter) override {
+        calls.push_back("save " + filter);
+        return saveAnswer;
+    }
+    std::optional<std::string> openAnswer;  // nothing = the operator cancels
+    std::optional<std::string> saveAnswer;
+    std::vector<std::string> calls;
+};
+
+// Writes to disk, except that on cue the disk fills up after some bytes (the part written
+// so far stays in the file, as on a real full disk) or the final rename is refused.
+class FlakyWriter : public FileWriter {
+public:
+    void writeWhole(const std::filesystem::path& path, std::string_view bytes) override {
+        written.push_back(path);
+        if (diskFullAfter && *diskFullAfter < bytes.size()) {
+            disk.writeWhole(path, bytes.substr(0, *diskFullAfter));
+            throw SaveError("No space left on device");
+        }
+        disk.writeWhole(path, bytes);
+    }
+    void replace(const std::filesystem::path& from, const std::filesystem::path& to) override {
+        if (refuseRename) throw SaveError("Permission denied");
+        disk.replace(from, to);
+    }
+    void discard(const std::filesystem::path& path) noexcept override { disk.discard(path); }
+
+    std::optional<std::size_t> diskFullAfter;
+    bool refuseRename = false;
+    std::vector<std::filesystem::path> written;
+    DiskWriter disk;
+};
+
+struct SetupRig : TypeRig {
+    FakeDialogs dialogs;
+    FlakyWriter writer;
+    SetupFile file{shared, stores, types, messages, dialogs, writer};
+
+    // Loads the text as the current setup data file.
+    void load(const std::string& text) {
+        file.FileName = folder.write("load.csd", text).string();
+        file.CsdLoad();
+    }
+};
+
+}  // namespace station::testing
