@@ -22,6 +22,12 @@ void OptionGroup::setValue(int index, bool value) {
     if (onClick) onClick(index);
 }
 
+void OptionGroup::preset(int index) {
+    Button& b = buttons_(index);
+    for (int i = lo(); i <= hi(); ++i) buttons_(i).Value = false;
+    b.Value = true;
+}
+
 void ScrollBar::setValue(int v) {
     const int lowest = std::min(Min, Max);
     const int highest = std::max(Min, Max);

@@ -83,6 +83,9 @@ public:
     // The operator's click: the same as Value = True.
     void click(int index) { setValue(index, true); }
 
+    // The window's initial state, as designed: selects a button without raising anything.
+    void preset(int index);
+
     bool Enabled = true;
     std::function<void(int)> onClick;
 

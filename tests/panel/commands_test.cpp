@@ -1,0 +1,183 @@
+// What the operator's gestures on the main panel store and put in the send queue.
+#include <gtest/gtest.h>
+
+#include "tests/panel/panel_rig.hpp"
+
+namespace station {
+namespace {
+
+using testing::Commands;
+using testing::PanelRig;
+
+TEST(ModeButtons, EachGroupStoresItsIndexAndSendsItsBitField) {
+    PanelRig rig;
+    rig.form.OptBar.click(1);
+    rig.form.OptDtl.click(1);
+    rig.form.OptSht.click(1);
+    rig.form.OptWhite.click(3);
+    rig.form.OptIris.click(2);
+    rig.form.OptMonsel.click(16);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200801FE", "200210EF", "200501FE", "20040CF3", "200402FC", "200F10E0"}));
+    EXPECT_EQ(rig.field(mBar), "1");
+    EXPECT_EQ(rig.field(mWHITE), "3");
+    EXPECT_EQ(rig.field(mMONSEL), "16");
+}
+
+TEST(ModeButtons, NothingIsStoredOrSentWhileCtrlReadyIsClear) {
+    PanelRig rig;
+    rig.shared.CtrlReady = 0;
+    rig.form.OptBar.click(1);
+    rig.form.VrMblk.setValue(20);
+    EXPECT_TRUE(rig.takeQueued().empty());
+    EXPECT_EQ(rig.field(mBar), "");
+    EXPECT_EQ(rig.field(aMBLK), "");
+    EXPECT_EQ(rig.form.Label3.Caption, "20");  // the number label follows the bar always
+}
+
+TEST(GainButtons, EachGainFamilyHasItsOwnCommand) {
+    PanelRig rig;
+    rig.field(mLOW) = "1";
+    rig.field(mMID) = "2";
+    rig.field(mHIGH) = "1";
+    rig.gainType(0);
+    rig.form.OptGain.click(0);
+    rig.form.OptGain.click(1);
+    rig.form.OptGain.click(2);
+    rig.form.OptGain.click(3);  // no fourth step in this family
+    EXPECT_EQ(rig.takeQueued(), (Commands{"20014080", "20010380", "20010680"}));
+    EXPECT_EQ(rig.field(mGAIN), "3");
+    EXPECT_EQ(rig.field(mMID), "2");  // the offsets are not stored back
+
+    rig.gainType(1);
+    rig.form.OptGain.click(2);
+    rig.gainType(2);
+    rig.form.OptGain.click(0);
+    rig.form.OptGain.click(2);
+    rig.gainType(3);
+    rig.form.OptGain.click(1);
+    rig.gainType(7);
+    rig.form.OptGain.click(2);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"2001409F", "281200F3", "281208F3", "281204F3"}));
+    EXPECT_EQ(rig.field(mGAIN), "2");
+}
+
+TEST(LevelBars, SendTheLevelAsOneByte) {
+    PanelRig rig;
+    rig.form.VrMblk.setValue(10);
+    rig.form.VrDtl.setValue(-1);
+    rig.form.VrRGain.setValue(-128);
+    rig.form.VrBGain.setValue(127);
+    rig.form.VrRBlk.setValue(1);
+    rig.form.VrBBlk.setValue(2);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"302B0A00", "302CFF00", "30188000", "301A7F00", "30210100", "30230200"}));
+    EXPECT_EQ(rig.field(aDTL), "-1");
+    EXPECT_EQ(rig.form.Label4.Caption, "-1");
+}
+
+TEST(LevelBars, TheIrisLevelGoesToTheAddressOfTheIrisMode) {
+    PanelRig rig;
+    rig.form.VrIris.setValue(5);  // iris mode 0: kept, not sent
+    EXPECT_TRUE(rig.takeQueued().empty());
+    EXPECT_EQ(rig.field(aIRIS), "5");
+    EXPECT_EQ(rig.form.Label2.Caption, "5");
+    rig.field(mIRIS) = "1";
+    rig.form.VrIris.setValue(6);
+    rig.field(mIRIS) = "2";
+    rig.form.VrIris.setValue(7);
+    rig.field(mIRIS) = "3";
+    rig.form.VrIris.setValue(8);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"302E0600", "30390700"}));
+}
+
+TEST(CommandBuilders, ValuesAreSentModulo256) {
+    PanelRig rig;
+    rig.panel.SendAnalog("30", "2B", "255");
+    rig.panel.SendAnalog("30", "2B", "256");
+    rig.panel.SendAnalog("30", "2B", "");
+    rig.panel.SendMode("20", "0F", "300", 0, "00");
+    rig.panel.SendMode("20", "04", "3", 4, "F3");
+    rig.panel.SendMode("20", "04", "2.5", 0, "FC");  // halves round to even
+    EXPECT_EQ(rig.takeQueued(), (Commands{"302BFF00", "302B0000", "302B0000", "200F2C00", "200430F3", "200402FC"}));
+}
+
+TEST(PageWrite, MainSendQueuesTheWholePanelInItsFixedOrder) {
+    PanelRig rig;
+    const char* values[] = {"", "1", "1", "0", "2", "3", "2", "5", "-2", "40", "3", "4", "5", "6", "7", "1", "2", "3", "2"};
+    for (int f = mBar; f <= mFILTER; ++f) rig.field(f) = values[f];
+    rig.monitorType(1);
+    rig.filterType(2);
+    rig.panel.MainSend();
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200801FE", "200210EF", "200500FE", "200430F3", "200402FC", "200F0500",
+                                          "302BFE00", "302E2800", "30392800", "302C0300", "30180400", "301A0500",
+                                          "30210600", "30230700", "200002F8"}));
+    rig.monitorType(0);
+    rig.filterType(0);
+    rig.gainType(3);
+    rig.panel.MainSend();
+    const Commands plain = rig.takeQueued();
+    EXPECT_EQ(plain.size(), 13u);  // no monitor, no filter, and never a gain command
+    EXPECT_EQ(plain.front(), "200801FE");
+    EXPECT_EQ(plain.back(), "30230700");
+}
+
+TEST(FilterSpin, PositionCodedWheelWrapsBothWays) {
+    PanelRig rig;
+    rig.filterType(1);
+    rig.field(mFILTER) = "3";
+    rig.panel.SpinButton2_SpinUp();
+    EXPECT_EQ(rig.field(mFILTER), "0");
+    EXPECT_EQ(rig.form.Label16.Caption, "3200K");
+    rig.panel.SpinButton2_SpinDown();
+    EXPECT_EQ(rig.field(mFILTER), "3");
+    EXPECT_EQ(rig.form.Label16.Caption, "5600K+1/64ND");
+    rig.panel.SpinButton2_SpinDown();
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200000F8", "200003F8", "200002F8"}));
+    rig.shared.CtrlReady = 0;  // the spin buttons do not look at the guard
+    rig.panel.SpinButton2_SpinUp();
+    EXPECT_EQ(rig.takeQueued(), Commands{"200003F8"});
+}
+
+TEST(FilterSpin, PulseWheelSendsPressAndADelayedReleaseOnce) {
+    PanelRig rig;
+    rig.filterType(2);
+    rig.field(mFILTER) = "1";
+    rig.form.Timer4.Enabled = true;
+    rig.panel.SpinButton2_SpinDown();
+    EXPECT_EQ(rig.takeQueued(), Commands{"201401FE"});
+    EXPECT_EQ(rig.form.RelCount, 1);
+    rig.panel.Timer4_Timer();
+    EXPECT_EQ(rig.takeQueued(), Commands{"201400FE"});
+    EXPECT_FALSE(rig.form.Timer4.Enabled);
+    EXPECT_EQ(rig.field(mFILTER), "1");
+    rig.panel.Timer4_Timer();
+    EXPECT_TRUE(rig.takeQueued().empty());
+
+    // The timer stopped itself: a later pulse is pressed but its release waits.
+    rig.panel.SpinButton2_SpinUp();
+    EXPECT_EQ(rig.takeQueued(), Commands{"201401FE"});
+    EXPECT_FALSE(rig.form.Timer4.Enabled);
+    EXPECT_EQ(rig.form.RelCount, 1);
+
+    rig.filterType(0);
+    rig.panel.SpinButton2_SpinUp();
+    EXPECT_TRUE(rig.takeQueued().empty());
+}
+
+TEST(CallButton, HoldingItCallsAndLightsTheLamp) {
+    PanelRig rig;
+    rig.panel.Command9_MouseDown();
+    EXPECT_EQ(rig.form.Label15.BackColor, kColourRed);
+    rig.panel.Command9_MouseUp();
+    EXPECT_EQ(rig.form.Label15.BackColor, kColourGrey);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200304FB", "200300FB"}));
+}
+
+TEST(CommandBuilders, ASlotOutsideTheTablesIsASubscriptFault) {
+    PanelRig rig;
+    rig.shared.cams.CamFclNo(1) = "9";
+    EXPECT_THROW(rig.form.OptGain.click(1), RuntimeError);
+    EXPECT_THROW(rig.panel.MainSend(), RuntimeError);
+}
+
+}  // namespace
+}  // namespace station

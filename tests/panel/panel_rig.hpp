@@ -1,0 +1,55 @@
+#pragma once
+// A main panel on a real link and a fake port, camera 1 selected, using load slot 1.
+
+#include <string>
+#include <vector>
+
+#include "camtype/setting_stores.hpp"
+#include "camtype/type_tables.hpp"
+#include "common/hex.hpp"
+#include "link/link.hpp"
+#include "panel/main_panel.hpp"
+#include "tests/support/fake_messages.hpp"
+#include "tests/support/fake_port.hpp"
+#include "tests/support/recording_decoders.hpp"
+
+namespace station::testing {
+
+struct PanelRig {
+    PanelRig() {
+        shared.CamNo = 1;
+        shared.CtrlReady = 1;
+        shared.cams.CamFclNo(1) = "1";
+    }
+
+    // The command texts queued so far (the data bytes of each frame), and forget them.
+    std::vector<std::string> takeQueued() {
+        std::vector<std::string> out;
+        while (link.queue().SendCnt() > 0) {
+            const Bytes& f = link.queue().head().Data;
+            out.push_back(hexText(Bytes(f.begin() + 2, f.end() - 2)));
+            link.queue().SendBuffShift();
+        }
+        return out;
+    }
+
+    std::string& field(int f) { return stores.MainScnData(f, shared.CamNo, 0); }
+
+    void gainType(int t) { types.FormGain(1) = static_cast<Integer>(t); }
+    void filterType(int t) { types.FormFilter(1) = static_cast<Integer>(t); }
+    void monitorType(int t) { types.FormMonitor(1) = static_cast<Integer>(t); }
+
+    Shared shared;
+    TypeTables types;
+    SettingStores stores;
+    FakePort port;
+    FakeMessages messages;
+    RecordingDecoders decoders;
+    Link link{shared, port, messages, decoders};
+    Form1 form;
+    MainPanel panel{shared, types, stores, link, form};
+};
+
+using Commands = std::vector<std::string>;
+
+}  // namespace station::testing
