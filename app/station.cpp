@@ -1,0 +1,180 @@
+#include "app/station.hpp"
+
+#include "common/runtime_error.hpp"
+#include "common/vb_conv.hpp"
+
+namespace station {
+
+Station::Station(const StationPlatform& platform)
+    : link(shared, platform.port, platform.messages, *this),
+      console(link),
+      cameraTypes(shared, types, stores, platform.messages, platform.definitionFolder),
+      setupFile(shared, stores, cameraTypes, platform.messages, platform.dialogs, platform.writer),
+      panel(shared, types, stores, link, form1),
+      autoSetup(shared, link, form6),
+      editor(shared, types, form2),
+      scenes(shared, stores, form1, panel, editor, form2, platform.messages),
+      pages(shared, types, link, panel, editor, form2),
+      cameraSet(shared, types, cameraTypes, form4, form1.Label12, form1.Label9),
+      port_(platform.port),
+      messages_(platform.messages) {
+    setupFile.InitSet = [this] { InitSet(); };
+    cameraSet.refreshEditor = [this] {
+        editor.FuncListDsp();
+        editor.DataFuncDsp();
+    };
+}
+
+void Station::Form_Load() {
+    stores.fillMainKey();
+    cameraTypes.FclListSet(form4.List1);
+
+    // Camera 1 is the window's initial selection.
+    shared.CamNo = 1;
+    form1.Option9.preset(1);
+    form1.Option9[1].BackColor = kColourSelected;
+    for (int camera = 0; camera <= kMaxCamera; ++camera) shared.ScnNo(camera) = 1;
+    form1.Option7.setValue(shared.ScnNo(1), true);
+
+    // The iris mode starts as the number 2 in its text form with the leading blank.
+    stores.MainScnData(mIRIS, 1, 0) = str(2);
+
+    port_.setCommPort(1);
+    BaudStr = "9600";
+    port_.setSettings(BaudStr + ",N,8,1");
+    port_.open();  // a missing or busy port stops the start-up with the port's own error
+    form1.Speed(0).Checked = true;
+
+    link.Timer1.Interval = 40;
+    link.Timer1.Enabled = true;
+    form1.Timer4.Interval = 500;
+    form1.Timer4.Enabled = true;  // ready for the release of the first filter pulse
+    form6.form.Loaded = true;
+    form6.Timer1.Interval = 500;
+
+    shared.AckMode = 0;
+    panel.SetAckCont(shared.AckMode);
+    shared.IDMode = 0;
+    panel.SetIDCont();
+    form1.ACK(0).Checked = true;
+    panel.MainFormSet();
+
+    form1.form.Show();
+    shared.CtrlReady = 1;  // the panel is live from here on
+    loaded_ = true;
+}
+
+void Station::InitSet() {
+    form1.ACK(0).Checked = shared.AckMode == 0;
+    form1.ACK(1).Checked = shared.AckMode == 1;
+    panel.SetAckCont(shared.AckMode);
+    panel.SetIDCont();
+
+    for (int camera = 1; camera <= kMaxCamera; ++camera) {
+        form1.Label12(camera).Caption = shared.cams.CamType(camera);
+        form1.Label9(camera).Caption = shared.cams.CamID(camera);
+        form4.Option1[camera].Caption = shared.cams.CamType(camera);
+        form4.Text1(camera).setText(shared.cams.CamID(camera));
+    }
+
+    // Redrawing every window must not send: the guard stays down until the end, also if
+    // selecting the camera button runs the selection itself.
+    shared.CtrlReady = 0;
+    form1.Option9.setValue(shared.CamNo, true);
+    shared.CtrlReady = 0;
+    form1.Option7.setValue(shared.ScnNo(shared.CamNo), true);
+    shared.CtrlReady = 0;
+    scenes.ScnDataChange(0, shared.ScnNo(shared.CamNo));
+    panel.MainDsp();
+    editor.FuncListDsp();
+    editor.DataFuncDsp();
+    shared.CtrlReady = 1;
+}
+
+void Station::QUIT_Click() {
+    // Nothing is saved or asked, and frames still queued are abandoned.
+    link.Timer1.Enabled = false;
+    link.Timer2.Enabled = false;
+    link.Timer3.Enabled = false;
+    form1.Timer4.Enabled = false;
+    ended_ = true;
+}
+
+std::string Station::versionText() const {
+    return "Corvane Camera Setup Control 0.13\r" + std::string(7, ' ') + BaudStr + "bps COM1\r" +
+           std::string(19, ' ') + "Copyright (C) Corvane. All rights reserved.";
+}
+
+void Station::HELP_Click() { messages_.show(versionText(), Icon::Information); }
+
+void Station::Camera_ID_Click() {
+    act([this] { cameraSet.show(); });
+}
+
+void Station::IDcont_Click() {
+    if (shared.IDMode == 0) shared.IDMode = 1;
+    else if (shared.IDMode == 1) shared.IDMode = 0;
+    panel.SetIDCont();
+}
+
+void Station::ACK_Click(int entry) {
+    act([this, entry] {
+        form1.ACK(entry).Checked = true;
+        form1.ACK(1 - entry).Checked = false;
+        shared.AckMode = static_cast<Integer>(entry);
+        panel.SetAckCont(shared.AckMode);
+    });
+}
+
+void Station::Speed_Click(int entry) {
+    act([this, entry] {
+        form1.Speed(entry).Checked = true;
+        form1.Speed(1 - entry).Checked = false;
+        BaudStr = entry == 0 ? "9600" : "19200";
+        // The cameras are not told: they must be set to the same speed by other means.
+        port_.setSettings(BaudStr + ",N,8,1");
+    });
+}
+
+void Station::report(const RuntimeError& error) {
+    messages_.show("Run-time error " + std::to_string(error.number()) + ": " + error.what(), Icon::Stop);
+}
+
+void Station::act(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const RuntimeError& error) {
+        // The action ends here; the panel must not stay deaf because it failed half-way.
+        if (loaded_) shared.CtrlReady = 1;
+        report(error);
+    }
+}
+
+void Station::poll(int timer, const std::function<void()>& tick) {
+    int& lastFault = pollFault_.at(static_cast<std::size_t>(timer));
+    try {
+        tick();
+        lastFault = 0;
+    } catch (const RuntimeError& error) {
+        if (loaded_) shared.CtrlReady = 1;
+        if (lastFault == error.number()) return;  // the same fault tick after tick: told already
+        lastFault = error.number();
+        report(error);
+    }
+}
+
+void Station::RecModeMain(const std::string& c, const std::string& a, const std::string& d) {
+    panel.RecModeMain(c, a, d);
+}
+void Station::RecModeFunc(const std::string& c, const std::string& a, const std::string& d) {
+    editor.RecModeFunc(c, a, d);
+}
+void Station::RecAnalogMain(const std::string& c, const std::string& a, const std::string& d) {
+    panel.RecAnalogMain(c, a, d);
+}
+void Station::RecAnalogFunc(const std::string& c, const std::string& a, const std::string& d, const std::string& d2) {
+    editor.RecAnalogFunc(c, a, d, d2);
+}
+void Station::RecAuto(const std::string& op, const std::string& result) { autoSetup.RecAuto(op, result); }
+
+}  // namespace station

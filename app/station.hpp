@@ -1,0 +1,126 @@
+#pragma once
+// The station: one object that owns every table, window model and procedure of the camera
+// control station, wired together as the desktop program and the tests use it. There is no
+// other state anywhere.
+//
+// Every entry point a window, a timer or a test calls goes through one boundary: a runtime
+// error ends that one action, the operator is told, and the station keeps running with its
+// stored settings intact. Errors raised by the 40 ms poll are told once, not once per tick.
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <string>
+
+#include "autosetup/auto_setup.hpp"
+#include "camtype/camera_types.hpp"
+#include "camtype/setting_stores.hpp"
+#include "camtype/type_tables.hpp"
+#include "common/messages.hpp"
+#include "common/serial_port.hpp"
+#include "common/shared.hpp"
+#include "funcedit/function_editor.hpp"
+#include "link/console.hpp"
+#include "link/link.hpp"
+#include "panel/form1.hpp"
+#include "panel/main_panel.hpp"
+#include "scenes/camera_scenes.hpp"
+#include "scenes/page_transfer.hpp"
+#include "setupfile/camera_set_dialog.hpp"
+#include "setupfile/file_dialogs.hpp"
+#include "setupfile/file_writer.hpp"
+#include "setupfile/setup_file.hpp"
+
+namespace station {
+
+// What the station needs from the machine it runs on.
+struct StationPlatform {
+    SerialPort& port;
+    MessageSink& messages;
+    FileDialogs& dialogs;
+    FileWriter& writer;
+    std::filesystem::path definitionFolder = ".";
+};
+
+class Station : private ReplyDecoders {
+public:
+    explicit Station(const StationPlatform& platform);
+    Station(const Station&) = delete;
+    Station& operator=(const Station&) = delete;
+
+    // Start-up, the refresh after a setup file was opened, and shutdown.
+    void Form_Load();
+    void InitSet();
+    void QUIT_Click();
+    void Form_Unload() { QUIT_Click(); }
+    bool ended() const { return ended_; }
+
+    // "&Help": the version box.
+    void HELP_Click();
+    std::string versionText() const;
+
+    // "&Setup" menu.
+    void Camera_ID_Click();
+    void IDcont_Click();
+    void ACK_Click(int entry);
+    void Speed_Click(int entry);
+
+    // "&File" menu and the toolbar.
+    void OPEN_Click() { act([this] { setupFile.CamFileOpen(); }); }
+    void SAVE_Click() { act([this] { setupFile.SAVE_Click(); }); }
+    void SAVE_AS_Click() { act([this] { setupFile.SAVE_AS_Click(); }); }
+    void Command10_Click() { OPEN_Click(); }
+    void Command11_Click() { SAVE_Click(); }
+
+    // Timer ticks, as the window's timers deliver them while enabled.
+    void Timer1_Timer() { poll(0, [this] { link.Timer1_Timer(); }); }
+    void Timer2_Timer() { poll(1, [this] { link.Timer2_Timer(); }); }
+    void Timer3_Timer() { poll(2, [this] { link.Timer3_Timer(); }); }
+    void Timer4_Timer() { act([this] { panel.Timer4_Timer(); }); }
+    void Form6Timer_Timer() { act([this] { autoSetup.Timer1_Timer(); }); }
+
+    // Runs one operator action at the error boundary.
+    void act(const std::function<void()>& action);
+
+    std::string BaudStr;
+
+    // State, window models and procedures, in dependency order.
+    Shared shared;
+    TypeTables types;
+    SettingStores stores;
+    Form1 form1;
+    Form2 form2;
+    Form4 form4;
+    Form6 form6;
+    Link link;
+    Console console;
+    CameraTypes cameraTypes;
+    SetupFile setupFile;
+    MainPanel panel;
+    AutoSetup autoSetup;
+    FunctionEditor editor;
+    CameraScenes scenes;
+    PageTransfer pages;
+    CameraSetDialog cameraSet;
+
+private:
+    void poll(int timer, const std::function<void()>& tick);
+    void report(const RuntimeError& error);
+
+    // Reply dispatch: the panel's decoders first, then the function editor's.
+    void RecModeMain(const std::string& c, const std::string& a, const std::string& d) override;
+    void RecModeFunc(const std::string& c, const std::string& a, const std::string& d) override;
+    void RecAnalogMain(const std::string& c, const std::string& a, const std::string& d) override;
+    void RecAnalogFunc(const std::string& c, const std::string& a, const std::string& d,
+                       const std::string& d2) override;
+    void RecAuto(const std::string& op, const std::string& result) override;
+
+    SerialPort& port_;
+    MessageSink& messages_;
+    bool ended_ = false;
+    bool loaded_ = false;
+    // Per link timer: the error number last told from its tick, 0 after a clean tick.
+    std::array<int, 3> pollFault_{};
+};
+
+}  // namespace station

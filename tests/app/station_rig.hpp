@@ -1,0 +1,66 @@
+#pragma once
+// A started station on a fake port with the sample camera types, answered-in-advance file
+// dialogs and a temporary folder for setup files. Time advances in 20 ms steps and each
+// enabled timer ticks at its own interval, as the desktop program's timers would.
+
+#include <string>
+#include <vector>
+
+#include "app/station.hpp"
+#include "common/hex.hpp"
+#include "tests/camtype/temp_folder.hpp"
+#include "tests/setupfile/setup_rig.hpp"
+#include "tests/support/fake_messages.hpp"
+#include "tests/support/fake_port.hpp"
+
+namespace station::testing {
+
+struct StationRig {
+    StationRig() { station.Form_Load(); }
+
+    // Runs the station's timers for `ms` milliseconds of simulated time.
+    void run(int ms) {
+        for (int t = 0; t < ms; t += 20) {
+            now += 20;
+            if (now % 40 == 0 && station.link.Timer1.Enabled) station.Timer1_Timer();
+            if (now % 100 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
+            if (now % 500 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
+            if (now % 500 == 0 && station.form1.Timer4.Enabled) station.Timer4_Timer();
+            if (now % 500 == 0 && station.form6.Timer1.Enabled) station.Form6Timer_Timer();
+        }
+    }
+
+    // Opens a setup file through the file menu, as the operator would.
+    void open(const std::filesystem::path& file) {
+        dialogs.openAnswer = file.string();
+        station.OPEN_Click();
+    }
+
+    // The command texts of the queued frames (data bytes only), and empty the queue.
+    std::vector<std::string> takeQueued() {
+        std::vector<std::string> out;
+        SendQueue& q = station.link.queue();
+        while (q.SendCnt() > 0) {
+            const Bytes& f = q.head().Data;
+            std::size_t start = 0;
+            while (f[start] != 0x02) ++start;  // skip an ACK prefix and an ID header
+            out.push_back(hexText(Bytes(f.begin() + static_cast<std::ptrdiff_t>(start) + 2, f.end() - 2)));
+            q.SendBuffShift();
+        }
+        return out;
+    }
+
+    std::string& field(int f, int camera, int scene = 0) { return station.stores.MainScnData(f, camera, scene); }
+
+    TempFolder folder;
+    FakePort port;
+    FakeMessages messages;
+    FakeDialogs dialogs;
+    DiskWriter writer;
+    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    long now = 0;
+};
+
+using Commands = std::vector<std::string>;
+
+}  // namespace station::testing

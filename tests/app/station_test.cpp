@@ -1,0 +1,164 @@
+// Start-up, the setup menu, the version box, shutdown and the error boundary.
+#include <gtest/gtest.h>
+
+#include "tests/app/station_rig.hpp"
+
+namespace station {
+namespace {
+
+using testing::Commands;
+using testing::StationRig;
+
+TEST(StartUp, TheStationStartsOnCameraOneWithTheHandshakeOn) {
+    StationRig rig;
+    Station& s = rig.station;
+    EXPECT_EQ(s.shared.CamNo, 1);
+    for (int camera = 0; camera <= 8; ++camera) EXPECT_EQ(s.shared.ScnNo(camera), 1);
+    EXPECT_EQ(s.shared.AckMode, 0);
+    EXPECT_EQ(s.shared.IDMode, 0);
+    EXPECT_EQ(s.shared.CtrlReady, 1);
+    EXPECT_EQ(rig.port.commPort, 1);
+    EXPECT_EQ(rig.port.settings, "9600,N,8,1");
+    EXPECT_TRUE(rig.port.opened);
+    EXPECT_TRUE(s.link.Timer1.Enabled);
+    EXPECT_EQ(s.link.Timer1.Interval, 40);
+    EXPECT_TRUE(s.link.Timer2.Enabled);
+    EXPECT_EQ(s.link.Timer3.Interval, 500);
+    EXPECT_EQ(s.form1.Timer4.Interval, 500);
+    EXPECT_FALSE(s.form6.Timer1.Enabled);
+    EXPECT_EQ(s.form6.Timer1.Interval, 500);
+    EXPECT_TRUE(s.form1.ACK(0).Checked);
+    EXPECT_EQ(s.stores.MainKey(0), "18");
+    EXPECT_EQ(s.stores.MainKey(18), "mFILTER=");
+    EXPECT_EQ(rig.field(mIRIS, 1), " 2");
+    EXPECT_EQ(s.form4.List1.items(), (std::vector<std::string>{"delete", "BX4", "HD3", "PT2", "ST1"}));
+    EXPECT_EQ(s.form1.Option9.selected(), 1);
+    EXPECT_EQ(s.form1.Option9[1].BackColor, kColourSelected);
+    EXPECT_EQ(s.form1.Option7.selected(), 1);
+    EXPECT_TRUE(rig.messages.shown.empty());
+    rig.run(2000);
+    EXPECT_TRUE(rig.port.writes.empty());  // nothing is sent by starting
+}
+
+TEST(StartUp, APortThatCannotBeOpenedStopsTheStartUp) {
+    testing::FakePort port;
+    port.failOpen = true;
+    testing::FakeMessages messages;
+    testing::FakeDialogs dialogs;
+    DiskWriter writer;
+    Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
+    EXPECT_THROW(station.Form_Load(), std::runtime_error);
+}
+
+TEST(VersionBox, NamesTheLineSpeedAndPort) {
+    StationRig rig;
+    rig.station.HELP_Click();
+    ASSERT_EQ(rig.messages.shown.size(), 1u);
+    EXPECT_EQ(rig.messages.shown[0].icon, Icon::Information);
+    const std::string& text = rig.messages.shown[0].text;
+    EXPECT_EQ(text.substr(0, text.find('\r')), "Corvane Camera Setup Control 0.13");
+    EXPECT_NE(text.find("\r       9600bps COM1\r"), std::string::npos);
+    rig.station.Speed_Click(1);
+    EXPECT_NE(rig.station.versionText().find("\r       19200bps COM1\r"), std::string::npos);
+    EXPECT_EQ(rig.port.settings, "19200,N,8,1");
+    EXPECT_TRUE(rig.station.form1.Speed(1).Checked);
+    EXPECT_FALSE(rig.station.form1.Speed(0).Checked);
+    EXPECT_EQ(rig.station.form1.helpVersion.Caption, "Ver 0.13");
+}
+
+TEST(SetupMenu, AckOffTakesAwayEverythingThatWaitsForAnAnswer) {
+    StationRig rig;
+    rig.dialogs.openAnswer = STATION_SAMPLES_DIR "/studio.csd";
+    rig.station.OPEN_Click();  // camera 1 is of a type with tally
+    Station& s = rig.station;
+    s.ACK_Click(1);
+    EXPECT_EQ(s.shared.AckMode, 1);
+    EXPECT_FALSE(s.link.Timer2.Enabled);
+    EXPECT_FALSE(s.link.Timer3.Enabled);
+    EXPECT_FALSE(s.form1.Command12.Enabled);
+    EXPECT_FALSE(s.form1.Frame19.Enabled);
+    EXPECT_FALSE(s.form1.Label16.Enabled);
+    EXPECT_TRUE(s.form1.ACK(1).Checked);
+    EXPECT_FALSE(s.form1.ACK(0).Checked);
+    s.ACK_Click(0);
+    EXPECT_TRUE(s.link.Timer2.Enabled);
+    EXPECT_TRUE(s.link.Timer3.Enabled);
+    EXPECT_TRUE(s.form1.Command12.Enabled);
+    EXPECT_TRUE(s.form1.Label16.Enabled);
+    EXPECT_TRUE(s.form1.Frame19.Enabled);
+
+    s.form1.Option9.click(6);  // a type without tally
+    s.ACK_Click(1);
+    s.ACK_Click(0);
+    EXPECT_FALSE(s.form1.Frame19.Enabled);
+}
+
+TEST(SetupMenu, CameraIdTogglesAndChangesTheFrames) {
+    StationRig rig;
+    Station& s = rig.station;
+    s.IDcont_Click();
+    EXPECT_EQ(s.shared.IDMode, 1);
+    EXPECT_TRUE(s.form1.IDcont.Checked);
+    s.form1.Option9.click(1);  // camera 1 has no ID yet: refused
+    s.form1.OptBar.click(1);
+    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{"No Camera ID"});
+    EXPECT_EQ(s.link.queue().SendCnt(), 0);
+    s.IDcont_Click();
+    EXPECT_EQ(s.shared.IDMode, 0);
+    EXPECT_FALSE(s.form1.IDcont.Checked);
+}
+
+TEST(Shutdown, QuittingStopsTheTimersAndSendsNothingQueued) {
+    StationRig rig;
+    Station& s = rig.station;
+    s.form1.OptBar.click(1);
+    s.form1.OptDtl.click(1);
+    EXPECT_EQ(s.link.queue().SendCnt(), 2);
+    s.QUIT_Click();
+    EXPECT_TRUE(s.ended());
+    EXPECT_FALSE(s.link.Timer1.Enabled);
+    EXPECT_FALSE(s.link.Timer2.Enabled);
+    EXPECT_FALSE(s.link.Timer3.Enabled);
+    EXPECT_FALSE(s.form1.Timer4.Enabled);
+    rig.run(2000);
+    EXPECT_TRUE(rig.port.writes.empty());
+    EXPECT_TRUE(rig.messages.shown.empty());
+}
+
+TEST(ErrorBoundary, APollFaultIsToldOnceAndTheStationGoesOn) {
+    StationRig rig;
+    rig.run(1000);
+    // A well-formed reply with eleven data bytes, one more than a reply may carry.
+    const Bytes tooLong = bytesOf({0x02, 0x0B, 0x22, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0x9B, 0xFF});
+    for (int i = 0; i < 3; ++i) {
+        rig.port.arrive(tooLong);
+        rig.run(40);
+    }
+    ASSERT_EQ(rig.messages.shown.size(), 1u);
+    EXPECT_EQ(rig.messages.shown[0].text, "Run-time error 9: Subscript out of range");
+    EXPECT_EQ(rig.messages.shown[0].icon, Icon::Stop);
+    EXPECT_TRUE(rig.port.takeWritten().empty());  // neither ACK nor NAK for them
+
+    rig.port.arrive(bytesOf({0x02, 0x03, 0x40, 0x00, 0x00, 0xBC, 0xFF}));
+    rig.run(40);
+    EXPECT_EQ(rig.station.form6.Label2.Caption, "OK");
+    EXPECT_EQ(rig.port.takeWritten(), bytesOf({0x06}));
+    rig.port.arrive(tooLong);
+    rig.run(40);
+    EXPECT_EQ(rig.messages.shown.size(), 2u);  // told again after a clean poll
+}
+
+TEST(ErrorBoundary, AFailedActionLeavesThePanelLive) {
+    StationRig rig;
+    Station& s = rig.station;
+    s.shared.cams.CamFclNo(1) = "9";  // a slot outside the tables
+    s.act([&] { s.form1.Option9.setValue(1, false); s.form1.Option9.click(1); });
+    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{"Run-time error 9: Subscript out of range"});
+    EXPECT_EQ(s.shared.CtrlReady, 1);
+    s.shared.cams.CamFclNo(1) = "";
+    s.form1.OptBar.click(1);
+    EXPECT_EQ(rig.takeQueued(), Commands{"200801FE"});
+}
+
+}  // namespace
+}  // namespace station
