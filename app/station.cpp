@@ -14,7 +14,7 @@ Station::Station(const StationPlatform& platform)
       autoSetup(shared, link, form6),
       editor(shared, types, form2),
       scenes(shared, stores, form1, panel, editor, form2, platform.messages),
-      pages(shared, types, link, panel, editor, form2),
+      pages(types, link, panel, editor, form2),
       cameraSet(shared, types, cameraTypes, form4, form1.Label12, form1.Label9),
       port_(platform.port),
       messages_(platform.messages) {

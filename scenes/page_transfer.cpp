@@ -7,9 +7,8 @@
 
 namespace station {
 
-PageTransfer::PageTransfer(Shared& shared, TypeTables& types, Link& link, MainPanel& panel,
-                           FunctionEditor& editor, Form2& form2)
-    : shared_(shared), types_(types), link_(link), panel_(panel), editor_(editor), form2_(form2) {}
+PageTransfer::PageTransfer(TypeTables& types, Link& link, MainPanel& panel, FunctionEditor& editor, Form2& form2)
+    : types_(types), link_(link), panel_(panel), editor_(editor), form2_(form2) {}
 
 std::string PageTransfer::requestCode(const std::string& setCommand) {
     // Written back without a leading zero, as the station always has.

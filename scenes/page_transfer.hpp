@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "camtype/type_tables.hpp"
-#include "common/shared.hpp"
 #include "funcedit/function_editor.hpp"
 #include "link/link.hpp"
 #include "panel/main_panel.hpp"
@@ -17,8 +16,7 @@ namespace station {
 
 class PageTransfer {
 public:
-    PageTransfer(Shared& shared, TypeTables& types, Link& link, MainPanel& panel, FunctionEditor& editor,
-                 Form2& form2);
+    PageTransfer(TypeTables& types, Link& link, MainPanel& panel, FunctionEditor& editor, Form2& form2);
 
     void Command12_Click();  // read all ("Camera to PC")
     void Command13_Click();  // send all ("PC to Camera")
@@ -33,7 +31,6 @@ public:
     static std::string requestCode(const std::string& setCommand);
 
 private:
-    Shared& shared_;
     TypeTables& types_;
     Link& link_;
     MainPanel& panel_;
