@@ -45,7 +45,7 @@ Bytes buildFrame(std::string_view cmdStr, const FrameHeader& header) {
     return frame;
 }
 
-bool SumCheck(const Bytes& recData, int strlen) {
+bool SumCheck(std::span<const std::uint8_t> recData, int strlen) {
     if (recData.empty() || recData[0] != 0x02) return true;
     if (strlen < 2 || static_cast<std::size_t>(strlen) > recData.size()) throw RuntimeError::invalidCall();
     Integer total = 0;

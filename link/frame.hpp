@@ -8,6 +8,8 @@
 //   CHK     ones' complement of LEN + data (+ ID bytes + 2), low byte first
 // Received: 02 LEN data... CHKlo CHKhi, checksum over LEN and data only.
 
+#include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -31,6 +33,6 @@ Bytes buildFrame(std::string_view cmdStr, const FrameHeader& header);
 // frame whose checksum low byte is below 0x10 (and high byte not 0) is judged bad; this is
 // the station's long-standing behaviour and cameras answer it by resending. A sum over
 // 32767 raises Overflow.
-bool SumCheck(const Bytes& recData, int strlen);
+bool SumCheck(std::span<const std::uint8_t> recData, int strlen);
 
 }  // namespace station

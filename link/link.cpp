@@ -1,5 +1,7 @@
 #include "link/link.hpp"
 
+#include <array>
+
 #include "common/hex.hpp"
 #include "common/runtime_error.hpp"
 #include "common/table.hpp"
@@ -110,7 +112,7 @@ bool Link::consumeFrame(std::size_t available) {
     const std::size_t n = static_cast<std::size_t>(recBuff_[1]) + 4;
     if (available < n) return false;
 
-    const Bytes frame(recBuff_.begin(), recBuff_.begin() + static_cast<std::ptrdiff_t>(n));
+    const std::span<const std::uint8_t> frame(recBuff_.data(), n);
     // A frame whose check or decoding raises is dropped before the error travels on, so
     // that the line is not stuck on it for good.
     bool bad = false;
@@ -156,21 +158,25 @@ void Link::Timer3_Timer() {
     ansWait_ = -1;
 }
 
-void Link::RecCmd(const Bytes& recData, int anslen) {
-    Array<std::string> rd(0, kMaxReplyBytes);
-    for (int i = 3; i <= anslen - 2; ++i)
-        rd(i - 2) = hexByte(recData.at(static_cast<std::size_t>(i - 1)));  // raises past 10 data bytes
+void Link::RecCmd(std::span<const std::uint8_t> recData, int anslen) {
+    // Entries 1..10 take the data bytes as two-digit hex texts; entry 0 and those past the
+    // frame's data stay empty. An eleventh data byte is a subscript fault.
+    std::array<std::string, kMaxReplyBytes + 1> rd;
+    for (int i = 3; i <= anslen - 2; ++i) {
+        if (i - 2 > kMaxReplyBytes) throw RuntimeError::subscriptOutOfRange();
+        rd[static_cast<std::size_t>(i - 2)] = hexByte(recData[static_cast<std::size_t>(i - 1)]);
+    }
 
-    const std::string& cls = rd(1);
+    const std::string& cls = rd[1];
     if (cls == "12") return;
     if (cls == "22" || cls == "2A") {
-        decoders_.RecModeMain(rd(1), rd(2), rd(3));
-        decoders_.RecModeFunc(rd(1), rd(2), rd(3));
+        decoders_.RecModeMain(rd[1], rd[2], rd[3]);
+        decoders_.RecModeFunc(rd[1], rd[2], rd[3]);
     } else if (cls == "32" || cls == "3A") {
-        decoders_.RecAnalogMain(rd(1), rd(2), rd(3));
-        decoders_.RecAnalogFunc(rd(1), rd(2), rd(3), rd(4));
+        decoders_.RecAnalogMain(rd[1], rd[2], rd[3]);
+        decoders_.RecAnalogFunc(rd[1], rd[2], rd[3], rd[4]);
     } else if (cls == "40") {
-        decoders_.RecAuto(rd(2), rd(3));
+        decoders_.RecAuto(rd[2], rd[3]);
     }
 }
 

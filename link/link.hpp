@@ -7,6 +7,8 @@
 //
 // Time enters only as the three timers' ticks; the engine never reads a clock.
 
+#include <cstdint>
+#include <span>
 #include <string>
 
 #include "common/bytes.hpp"
@@ -38,7 +40,7 @@ public:
     void Timer3_Timer();
 
     // Splits a good frame into two-digit hex texts and calls the decoders its class names.
-    void RecCmd(const Bytes& recData, int anslen);
+    void RecCmd(std::span<const std::uint8_t> recData, int anslen);
 
     // Bytes typed into the command console, fed into the receive path by the next poll.
     // One byte when count is 1, `data` in order when it is larger.
