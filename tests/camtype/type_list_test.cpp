@@ -158,14 +158,5 @@ TEST(TypeSlots, FclLoadReadsTheFileOfEverySlot) {
     EXPECT_EQ(rig.tables.FormGain(2), 2);
 }
 
-TEST(TypeSlots, NoSlotsLoadsNothing) {
-    TypeRig rig;
-    rig.tables.FclName(1) = "missing.fcl";
-    rig.types.FclLoad();  // FclName(0) is empty
-    rig.tables.FclName(0) = "0";
-    rig.types.FclLoad();
-    EXPECT_EQ(rig.tables.FuncList(1, 0, 0), "");
-}
-
 }  // namespace
 }  // namespace station
