@@ -136,9 +136,13 @@ void Station::Speed_Click(int entry) {
     });
 }
 
-void Station::report(const RuntimeError& error) {
-    messages_.show("Run-time error " + std::to_string(error.number()) + ": " + error.what(), Icon::Stop);
+namespace {
+std::string errorText(const RuntimeError& error) {
+    return "Run-time error " + std::to_string(error.number()) + ": " + error.what();
 }
+}  // namespace
+
+void Station::report(const RuntimeError& error) { messages_.show(errorText(error), Icon::Stop); }
 
 void Station::act(const std::function<void()>& action) {
     try {
@@ -150,16 +154,12 @@ void Station::act(const std::function<void()>& action) {
     }
 }
 
-void Station::poll(int timer, const std::function<void()>& tick) {
-    int& lastFault = pollFault_.at(static_cast<std::size_t>(timer));
+void Station::poll(const std::function<void()>& tick) {
     try {
         tick();
-        lastFault = 0;
     } catch (const RuntimeError& error) {
         if (loaded_) shared.CtrlReady = 1;
-        if (lastFault == error.number()) return;  // the same fault tick after tick: told already
-        lastFault = error.number();
-        report(error);
+        form1.faultLine.Caption = "Line: " + errorText(error);
     }
 }
 

@@ -5,9 +5,10 @@
 //
 // Every entry point a window, a timer or a test calls goes through one boundary: a runtime
 // error ends that one action, the operator is told, and the station keeps running with its
-// stored settings intact. Errors raised by the 40 ms poll are told once, not once per tick.
+// stored settings intact. An operator's action that fails is told in a message; a fault the
+// line's poll runs into (a frame the station cannot take) is shown in the main window's
+// fault line instead, since a busy line could raise one every few ticks.
 
-#include <array>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -73,9 +74,9 @@ public:
     void Command11_Click() { SAVE_Click(); }
 
     // Timer ticks, as the window's timers deliver them while enabled.
-    void Timer1_Timer() { poll(0, [this] { link.Timer1_Timer(); }); }
-    void Timer2_Timer() { poll(1, [this] { link.Timer2_Timer(); }); }
-    void Timer3_Timer() { poll(2, [this] { link.Timer3_Timer(); }); }
+    void Timer1_Timer() { poll([this] { link.Timer1_Timer(); }); }
+    void Timer2_Timer() { poll([this] { link.Timer2_Timer(); }); }
+    void Timer3_Timer() { poll([this] { link.Timer3_Timer(); }); }
     void Timer4_Timer() { act([this] { panel.Timer4_Timer(); }); }
     void Form6Timer_Timer() { act([this] { autoSetup.Timer1_Timer(); }); }
 
@@ -104,7 +105,7 @@ public:
     CameraSetDialog cameraSet;
 
 private:
-    void poll(int timer, const std::function<void()>& tick);
+    void poll(const std::function<void()>& tick);
     void report(const RuntimeError& error);
 
     // Reply dispatch: the panel's decoders first, then the function editor's.
@@ -119,8 +120,6 @@ private:
     MessageSink& messages_;
     bool ended_ = false;
     bool loaded_ = false;
-    // Per link timer: the error number last told from its tick, 0 after a clean tick.
-    std::array<int, 3> pollFault_{};
 };
 
 }  // namespace station

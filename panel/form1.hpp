@@ -41,6 +41,7 @@ struct Form1 {
 
     Array<Label> Label1{0, 2};  // gain-step values LOW, MID, HIGH
     Label Label16;              // filter position
+    Label faultLine;            // the last fault the line's poll ran into, if any
     Label Label15{"TALLY"};     // tally lamp
     Integer TallyOn = 0;        // tally last reported by the camera
     Integer CallOn = 0;         // 1 while the call button is held
