@@ -1,0 +1,182 @@
+// The Qt implementations of the station's platform: message boxes, file dialogs and the
+// serial port on a pseudo-terminal.
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <poll.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <array>
+#include <functional>
+
+#include "common/runtime_error.hpp"
+#include "ui/file_filter.hpp"
+#include "ui/qt_file_dialogs.hpp"
+#include "ui/qt_messages.hpp"
+#include "ui/qt_serial_port.hpp"
+
+using namespace station;
+using namespace station::ui;
+
+namespace {
+
+// Runs `check` on the modal window once it is up (the caller then blocks in exec()).
+void whenModalIsUp(std::function<void(QWidget&)> check) {
+    QTimer::singleShot(0, [check = std::move(check)] {
+        QWidget* modal = QApplication::activeModalWidget();
+        QVERIFY(modal != nullptr);
+        check(*modal);
+    });
+}
+
+// The far end of a pseudo-terminal that the port under test opens as its device.
+struct Pty {
+    Pty() {
+        master = ::posix_openpt(O_RDWR | O_NOCTTY);
+        ::grantpt(master);
+        ::unlockpt(master);
+        std::array<char, 128> name{};
+        ::ptsname_r(master, name.data(), name.size());
+        path = name.data();
+    }
+    ~Pty() { ::close(master); }
+    QByteArray read(int want) {
+        QByteArray out;
+        while (out.size() < want) {
+            pollfd p{master, POLLIN, 0};
+            if (::poll(&p, 1, 2000) <= 0) break;
+            std::array<char, 256> buf{};
+            const ssize_t n = ::read(master, buf.data(), buf.size());
+            if (n <= 0) break;
+            out.append(buf.data(), static_cast<qsizetype>(n));
+        }
+        return out;
+    }
+    int master = -1;
+    std::string path;
+};
+
+}  // namespace
+
+class PlatformTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void messageBoxHasTheTitleIconTextAndOkAndPausesTheTimers() {
+        ModalPause pause;
+        int entered = 0;
+        int left = 0;
+        pause.onEnter = [&] { ++entered; };
+        pause.onLeave = [&] { ++left; };
+        QtMessages messages(pause);
+
+        bool checked = false;
+        whenModalIsUp([&](QWidget& modal) {
+            auto* box = qobject_cast<QMessageBox*>(&modal);
+            QVERIFY(box != nullptr);
+            QCOMPARE(box->windowTitle(), QString::fromLatin1(kApplicationTitle));
+            QCOMPARE(box->icon(), QMessageBox::Warning);
+            QCOMPARE(box->text(), QStringLiteral("first\n       second"));
+            QCOMPARE(box->standardButtons(), QMessageBox::StandardButtons(QMessageBox::Ok));
+            QCOMPARE(entered, 1);  // the timers stand still while the box is up
+            QCOMPARE(left, 0);
+            checked = true;
+            box->accept();
+        });
+        messages.show("first\r       second", Icon::Exclamation);
+        QVERIFY(checked);
+        QCOMPARE(left, 1);
+
+        whenModalIsUp([](QWidget& modal) {
+            QCOMPARE(qobject_cast<QMessageBox*>(&modal)->icon(), QMessageBox::Critical);
+            qobject_cast<QMessageBox*>(&modal)->accept();
+        });
+        messages.show("Run-time error 9: Subscript out of range", Icon::Stop);
+        QCOMPARE(entered, 2);
+        QCOMPARE(left, 2);
+    }
+
+    void fileFilterTakesQtsForm() {
+        QCOMPARE(qtFileFilter("Camera setup data files (*.csd)|*.csd|"), std::string("Camera setup data files (*.csd)"));
+        QCOMPARE(qtFileFilter("Setup|*.csd;*.CSD|All files (*.*)|*.*"),
+                 std::string("Setup (*.csd *.CSD);;All files (*.*)"));
+        QCOMPARE(qtFileFilter(""), std::string());
+    }
+
+    void fileDialogsAnswerTheChosenPathOrNothing() {
+        ModalPause pause;
+        QtFileDialogs dialogs(pause);
+        whenModalIsUp([](QWidget& modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(&modal);
+            QVERIFY(dialog != nullptr);
+            QCOMPARE(dialog->nameFilters(), QStringList{QStringLiteral("Camera setup data files (*.csd)")});
+            dialog->reject();
+        });
+        QVERIFY(!dialogs.openFile("Camera setup data files (*.csd)|*.csd|"));
+
+        QTemporaryDir dir;
+        const QString target = dir.filePath(QStringLiteral("studio.csd"));
+        whenModalIsUp([&](QWidget& modal) {
+            auto* dialog = qobject_cast<QFileDialog*>(&modal);
+            QVERIFY(dialog != nullptr);
+            QVERIFY(dialog->testOption(QFileDialog::DontConfirmOverwrite));
+            dialog->selectFile(target);
+            static_cast<QDialog*>(dialog)->accept();  // as the Save button does
+        });
+        QCOMPARE(dialogs.saveFile("Camera setup data files (*.csd)|*.csd|"), std::optional(target.toStdString()));
+    }
+
+    void serialPortCarriesBytesBothWaysAtItsSettings() {
+        Pty pty;
+        QtSerialPort port(pty.path);
+        port.setCommPort(1);
+        port.setSettings("9600,N,8,1");
+        port.open();
+        QVERIFY(port.isOpen());
+
+        termios tio{};
+        QCOMPARE(::tcgetattr(pty.master, &tio), 0);
+        QCOMPARE(::cfgetospeed(&tio), speed_t(B9600));
+        port.setSettings("19200,N,8,1");  // applied while the port stays open
+        QCOMPARE(::tcgetattr(pty.master, &tio), 0);
+        QCOMPARE(::cfgetospeed(&tio), speed_t(B19200));
+
+        port.write(bytesOf({0x02, 0x02, 0x40, 0x10, 0xAD, 0xFF}));
+        QCOMPARE(pty.read(6), QByteArray("\x02\x02\x40\x10\xAD\xFF", 6));
+
+        const char reply[] = {0x06, 0x00, 0x0D, 0x11};
+        QCOMPARE(::write(pty.master, reply, sizeof reply), ssize_t(sizeof reply));
+        QTRY_COMPARE(port.bytesWaiting(), 4);
+        QCOMPARE(port.readAll(), bytesOf({0x06, 0x00, 0x0D, 0x11}));  // raw: no line-end handling
+        QCOMPARE(port.bytesWaiting(), 0);
+    }
+
+    void serialPortRefusesBadSettingsAndMissingDevices() {
+        QtSerialPort port("/nonexistent/tty");
+        for (const char* bad : {"9600,N,8", "fast,N,8,1", "9600,X,8,1", "9600,N,9,1", "9600,N,8,3", ""}) {
+            try {
+                port.setSettings(bad);
+                QFAIL(bad);
+            } catch (const RuntimeError& e) {
+                QCOMPARE(e.number(), 5);
+            }
+        }
+        try {
+            port.open();
+            QFAIL("a missing device opened");
+        } catch (const std::runtime_error& e) {
+            QVERIFY(QString::fromStdString(e.what()).contains(QStringLiteral("/nonexistent/tty")));
+        }
+        QVERIFY(!port.isOpen());
+    }
+};
+
+QTEST_MAIN(PlatformTest)
+#include "platform_test.moc"

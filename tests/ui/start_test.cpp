@@ -1,0 +1,107 @@
+// The program's start-up choices, and the built-in camera line that a first start runs on.
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <fstream>
+
+#include "app/station.hpp"
+#include "panel/main_panel.hpp"
+#include "tests/support/fake_messages.hpp"
+#include "ui/builtin_line.hpp"
+#include "ui/program_options.hpp"
+
+using namespace station;
+using namespace station::ui;
+
+namespace {
+
+class NoDialogs : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+};
+
+}  // namespace
+
+class StartTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void commandLineNamesThePortAndTheDefinitions() {
+        ProgramOptions o = parseProgramOptions({"--port", "/dev/pts/4", "--definitions=/opt/types"});
+        QVERIFY(o.error.empty());
+        QCOMPARE(o.port, std::optional<std::string>("/dev/pts/4"));
+        QCOMPARE(o.definitions, std::optional<std::filesystem::path>("/opt/types"));
+
+        o = parseProgramOptions({"--port=/dev/ttyUSB0", "--port", "/dev/ttyS1"});
+        QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS1"));  // the last one wins
+
+        QVERIFY(parseProgramOptions({"--help"}).help);
+        QCOMPARE(parseProgramOptions({"--port"}).error, std::string("--port needs a value"));
+        QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
+        QCOMPARE(parseProgramOptions({"/dev/ttyS0"}).error, std::string("unknown argument: /dev/ttyS0"));
+    }
+
+    void portComesFromTheOptionThenTheEnvironmentElseTheBuiltInLine() {
+        const ProgramOptions none = parseProgramOptions({});
+        QVERIFY(!portDevice(none, nullptr));
+        QVERIFY(!portDevice(none, ""));
+        QCOMPARE(portDevice(none, "/tmp/corvane-line"), std::optional<std::string>("/tmp/corvane-line"));
+        const ProgramOptions given = parseProgramOptions({"--port", "/dev/ttyS0"});
+        QCOMPARE(portDevice(given, "/tmp/corvane-line"), std::optional<std::string>("/dev/ttyS0"));
+    }
+
+    void definitionsFallBackToTheSamplesOnlyWhenNothingWasNamed() {
+        QTemporaryDir empty;
+        QTemporaryDir own;
+        std::ofstream(own.filePath(QStringLiteral("MY.FCL")).toStdString()) << "[camera type]\r\n";
+        const std::filesystem::path samples = STATION_SAMPLES_DIR;
+        const std::filesystem::path emptyDir = empty.path().toStdString();
+        const std::filesystem::path ownDir = own.path().toStdString();
+        const ProgramOptions none = parseProgramOptions({});
+
+        QCOMPARE(definitionFolder(none, std::nullopt, emptyDir, samples), samples);
+        QCOMPARE(definitionFolder(none, std::nullopt, ownDir, samples), ownDir);
+        QCOMPARE(definitionFolder(none, ownDir, emptyDir, samples), ownDir);  // remembered
+        const ProgramOptions named = parseProgramOptions({"--definitions", emptyDir.string()});
+        QCOMPARE(definitionFolder(named, std::nullopt, ownDir, samples), emptyDir);
+        QCOMPARE(definitionFolder(none, std::nullopt, emptyDir, std::nullopt), emptyDir);
+
+        QCOMPARE(samplesFolder("/nonexistent/bin"), std::optional(samples.lexically_normal()));
+    }
+
+    void builtInLineAnswersTheStationWithTheStudioOpened() {
+        const std::filesystem::path studio = std::filesystem::path(STATION_SAMPLES_DIR) / "studio.csd";
+        BuiltinLine line(studio);
+        testing::FakeMessages messages;
+        NoDialogs plain;
+        PresetOpenDialogs dialogs(plain);
+        DiskWriter writer;
+        Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});
+        station.Form_Load();
+        openStudio(station, dialogs, studio);
+
+        // The station knows the studio's cameras, and the sample file is never saved over.
+        QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
+        QCOMPARE(station.shared.IDMode, Integer(1));
+        QVERIFY(station.setupFile.FileName.empty());
+        QVERIFY(messages.shown.empty());
+
+        station.act([&] { station.form1.OptBar.click(1); });
+        // Two seconds of the program's timers, the line catching up before each poll.
+        for (int ms = 40; ms <= 2000; ms += 40) {
+            line.advance();
+            station.Timer1_Timer();
+            if (ms / 100 != (ms - 40) / 100) station.Timer2_Timer();
+            if (ms / 500 != (ms - 40) / 500) station.Timer3_Timer();
+        }
+        QCOMPARE(station.link.queue().SendCnt(), 0);  // acknowledged by camera 1
+        QCOMPARE(station.link.Label11.Caption.substr(0, 3), std::string(" 06"));
+        QCOMPARE(int(line.line().at(1).mode(0x08) & 0x01), 1);
+        QCOMPARE(int(line.line().at(2).mode(0x08) & 0x01), 0);  // addressed to camera 1 alone
+        QVERIFY(messages.shown.empty());
+    }
+};
+
+QTEST_GUILESS_MAIN(StartTest)
+#include "start_test.moc"

@@ -1,0 +1,78 @@
+#pragma once
+// A started station on a fake port with its windows, as the desktop program shows them.
+// Messages are recorded, not shown; file dialogs answer what the test says.
+
+#include <QAbstractButton>
+#include <QWidget>
+
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+#include "app/station.hpp"
+#include "common/hex.hpp"
+#include "tests/support/fake_messages.hpp"
+#include "tests/support/fake_port.hpp"
+#include "ui/main_window.hpp"
+#include "ui/station_view.hpp"
+
+namespace station::testing {
+
+class AnsweredDialogs : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const std::string&) override { return openAnswer; }
+    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> openAnswer;
+};
+
+struct ViewRig {
+    ViewRig() {
+        view = std::make_unique<ui::StationView>(station, modal);
+        view->onEnded = [this] { ended = true; };
+        station.Form_Load();
+        view->refresh();
+    }
+
+    // Opens the sample studio through the file menu: cameras 1 and 2 are ST1, with tally.
+    void openStudio() {
+        dialogs.openAnswer = std::string(STATION_SAMPLES_DIR) + "/studio.csd";
+        view->forward([this] { station.OPEN_Click(); });
+    }
+
+    template <typename W = QWidget>
+    W& widget(QWidget& window, const char* name) {
+        W* w = window.findChild<W*>(QString::fromLatin1(name));
+        if (w == nullptr) throw std::runtime_error(std::string("no widget ") + name);
+        return *w;
+    }
+    template <typename W = QWidget>
+    W& main(const char* name) {
+        return widget<W>(view->mainWindow(), name);
+    }
+
+    // The data bytes of each queued frame as hex text, oldest first; the queue is emptied.
+    std::vector<std::string> takeQueued() {
+        std::vector<std::string> out;
+        SendQueue& q = station.link.queue();
+        while (q.SendCnt() > 0) {
+            const Bytes& f = q.head().Data;
+            std::size_t start = 0;
+            while (f.at(start) != 0x02) ++start;  // past an ACK prefix and an ID header
+            out.push_back(hexText(Bytes(f.begin() + static_cast<std::ptrdiff_t>(start) + 2, f.end() - 2)));
+            q.SendBuffShift();
+        }
+        return out;
+    }
+
+    FakePort port;
+    FakeMessages messages;
+    AnsweredDialogs dialogs;
+    DiskWriter writer;
+    ui::ModalPause modal;
+    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    std::unique_ptr<ui::StationView> view;
+    bool ended = false;
+};
+
+}  // namespace station::testing

@@ -1,0 +1,156 @@
+// The windows forward each gesture to the station's models and show the models' state.
+#include <QAction>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QtTest>
+
+#include "link/frame.hpp"
+#include "tests/ui/view_rig.hpp"
+#include "ui/auto_message_window.hpp"
+#include "ui/camera_set_window.hpp"
+#include "ui/level_bar.hpp"
+
+using namespace station;
+using namespace station::testing;
+using Commands = std::vector<std::string>;
+
+class ViewTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void modeClickQueuesItsCommandAndTheModelKeepsTheChoice() {
+        ViewRig rig;
+        auto& bars = rig.main<QRadioButton>("OptBar(1)");
+        QTest::mouseClick(&bars, Qt::LeftButton);
+        QCOMPARE(rig.station.form1.OptBar.selected(), 1);
+        QCOMPARE(rig.takeQueued(), Commands{"200801FE"});
+        QVERIFY(bars.isChecked());
+        QVERIFY(!rig.main<QRadioButton>("OptBar(0)").isChecked());
+
+        // A click on the selected button raises nothing, and Qt's toggle is undone.
+        QTest::mouseClick(&bars, Qt::LeftButton);
+        QVERIFY(rig.takeQueued().empty());
+        QVERIFY(bars.isChecked());
+    }
+
+    void levelBarSendsTheOperatorsValueAndShowsTheCamerasReply() {
+        ViewRig rig;
+        auto& bar = rig.main<QScrollBar>("VrMblk.bar");
+        bar.setValue(ui::LevelBar::positionOf(rig.station.form1.VrMblk, 10));  // as a drag does
+        QCOMPARE(rig.takeQueued(), Commands{"302B0A00"});
+        QCOMPARE(rig.main<QLabel>("VrMblk.number").text(), QStringLiteral("10"));
+
+        // The camera reports master black 64; the running poll decodes it into the panel.
+        rig.port.arrive(buildFrame("322B40", FrameHeader{}));
+        QTRY_COMPARE(rig.main<QLabel>("VrMblk.number").text(), QStringLiteral("64"));
+        QCOMPARE(bar.value(), ui::LevelBar::positionOf(rig.station.form1.VrMblk, 64));
+        QCOMPARE(rig.station.form1.VrMblk.value(), 64);
+        QVERIFY(rig.takeQueued().empty());  // a decoded reply sends nothing back
+    }
+
+    void tallyLampIsRedWhileCallIsHeldAndCallNeedsAcknowledges() {
+        ViewRig rig;
+        rig.openStudio();  // camera 1 is of a type with tally
+        auto& call = rig.main<QPushButton>("Command9");
+        auto& lamp = rig.main<QLabel>("Label15");
+        QVERIFY(call.isEnabled());
+        const QColor grey(0xC0, 0xC0, 0xC0);
+        QCOMPARE(lamp.palette().color(QPalette::Window), grey);
+
+        QTest::mousePress(&call, Qt::LeftButton);
+        QCOMPARE(lamp.palette().color(QPalette::Window), QColor(Qt::red));
+        // Released away from the button, the call still ends.
+        QTest::mouseRelease(&call, Qt::LeftButton, {}, QPoint(-20, -20));
+        QCOMPARE(lamp.palette().color(QPalette::Window), grey);
+        QCOMPARE(rig.takeQueued(), (Commands{"200304FB", "200300FB"}));
+
+        rig.view->mainWindow().menus().action(QStringLiteral("Ack Off"))->trigger();
+        QVERIFY(!call.isEnabled());
+    }
+
+    void setupMenuTicksAndTimersFollowTheAcknowledgeSetting() {
+        ViewRig rig;
+        ui::MainMenus& menus = rig.view->mainWindow().menus();
+        QAction& ackOn = *menus.action(QStringLiteral("Ack On"));
+        QAction& ackOff = *menus.action(QStringLiteral("Ack Off"));
+        ui::StationTimers& timers = rig.view->timers();
+        QVERIFY(ackOn.isChecked() && !ackOff.isChecked());
+        QVERIFY(timers.running(ui::StationTimers::AckWatch) && timers.running(ui::StationTimers::AnswerWatch));
+
+        ackOff.trigger();
+        QVERIFY(!ackOn.isChecked() && ackOff.isChecked());
+        QVERIFY(!rig.main<QPushButton>("Command12").isEnabled());
+        QVERIFY(!rig.main<QLabel>("Label16").isEnabled());
+        QVERIFY(!timers.running(ui::StationTimers::AckWatch) && !timers.running(ui::StationTimers::AnswerWatch));
+        QVERIFY(timers.running(ui::StationTimers::Poll));
+
+        // Qt unticks an entry on a second trigger; the model's tick stands.
+        ackOff.trigger();
+        QVERIFY(ackOff.isChecked());
+
+        ackOn.trigger();
+        QVERIFY(ackOn.isChecked() && !ackOff.isChecked());
+        QVERIFY(rig.main<QPushButton>("Command12").isEnabled());
+        QCOMPARE(timers.interval(ui::StationTimers::AckWatch), 100);
+        QCOMPARE(timers.interval(ui::StationTimers::AnswerWatch), 500);
+        QVERIFY(timers.running(ui::StationTimers::AckWatch));
+
+        QAction& idOn = *menus.action(QStringLiteral("Camera ID on"));
+        idOn.trigger();
+        QVERIFY(idOn.isChecked());
+        QCOMPARE(rig.station.shared.IDMode, 1);
+    }
+
+    void autoMessageWindowShowsTheResultAndHidesItself() {
+        ViewRig rig;
+        auto& window = rig.view->autoMessageWindow();
+        QVERIFY(!window.isVisible());
+        QTest::mouseClick(&rig.main<QPushButton>("Command8"), Qt::LeftButton);
+        QVERIFY(window.isVisible());
+        QCOMPARE(window.windowTitle(), QStringLiteral("Auto Message"));
+        QCOMPARE(rig.widget<QLabel>(window, "Label1").text(), QStringLiteral("AUTO WHITE"));
+        QCOMPARE(rig.widget<QLabel>(window, "Label2").text(), QStringLiteral("Now doing"));
+
+        rig.port.arrive(bytesOf({0x02, 0x03, 0x40, 0x00, 0x00, 0xBC, 0xFF}));
+        QTRY_COMPARE(rig.widget<QLabel>(window, "Label2").text(), QStringLiteral("OK"));
+        QVERIFY(window.isVisible());
+        QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), 3000);  // three 500 ms ticks after an OK
+        QVERIFY(!rig.station.form6.Timer1.Enabled);
+        QVERIFY(!rig.view->timers().running(ui::StationTimers::AutoMessage));
+    }
+
+    void cameraSetDialogEditsIdsAndClosingHidesIt() {
+        ViewRig rig;
+        rig.view->mainWindow().menus().action(QStringLiteral("ID/Camera set"))->trigger();
+        auto& dialog = rig.view->cameraSetWindow();
+        QVERIFY(dialog.isVisible());
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Camera set"));
+
+        auto& id = rig.widget<QLineEdit>(dialog, "Text1(2)");
+        QTest::keyClicks(&id, "C2");
+        QCOMPARE(rig.station.shared.cams.CamID(2), std::string("C2"));
+        QCOMPARE(rig.main<QLabel>("Label9(2)").text(), QStringLiteral("C2"));
+
+        dialog.close();
+        QVERIFY(!rig.station.form4.form.Visible);
+        QVERIFY(!dialog.isVisible());
+    }
+
+    void quitStopsTheTimersAndEndsOnce() {
+        ViewRig rig;
+        QVERIFY(rig.view->timers().running(ui::StationTimers::Poll));
+        rig.station.link.SendCmd("200801FE");
+        rig.view->mainWindow().menus().action(QStringLiteral("Quit"))->trigger();
+        QVERIFY(rig.ended);
+        QVERIFY(!rig.view->timers().running(ui::StationTimers::Poll));
+        QVERIFY(!rig.view->timers().running(ui::StationTimers::FilterRelease));
+        QTest::qWait(100);
+        QVERIFY(rig.port.writes.empty());  // the queued frame is abandoned
+    }
+};
+
+QTEST_MAIN(ViewTest)
+#include "view_test.moc"

@@ -1,0 +1,55 @@
+#include "ui/level_bar.hpp"
+
+#include <QLabel>
+#include <QScrollBar>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+#include <cstdlib>
+
+namespace station::ui {
+
+LevelBar::LevelBar(ScrollBar& bar, Label& number, const QString& title, const std::string& name, QWidget* parent,
+                   std::function<void(int)> moved)
+    : QWidget(parent), bar_(bar), number_(number), scroll_(new QScrollBar(Qt::Vertical, this)),
+      numberLabel_(new QLabel(this)) {
+    setObjectName(QString::fromStdString(name));
+    scroll_->setObjectName(QString::fromStdString(name + ".bar"));
+    numberLabel_->setObjectName(QString::fromStdString(name + ".number"));
+
+    auto* titleLabel = new QLabel(title, this);
+    titleLabel->setAlignment(Qt::AlignHCenter);
+    numberLabel_->setAlignment(Qt::AlignHCenter);
+    numberLabel_->setFrameShape(QFrame::Panel);
+    numberLabel_->setFrameShadow(QFrame::Sunken);
+    numberLabel_->setMinimumWidth(40);
+    scroll_->setMinimumHeight(160);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2, 2, 2, 2);
+    layout->addWidget(titleLabel);
+    layout->addWidget(scroll_, 1, Qt::AlignHCenter);
+    layout->addWidget(numberLabel_);
+
+    QObject::connect(scroll_, &QScrollBar::valueChanged,
+                     [this, moved](int position) { moved(valueAt(bar_, position)); });
+    render();
+}
+
+int LevelBar::valueAt(const ScrollBar& bar, int position) {
+    return bar.Min <= bar.Max ? bar.Min + position : bar.Min - position;
+}
+
+int LevelBar::positionOf(const ScrollBar& bar, int value) { return std::abs(value - bar.Min); }
+
+void LevelBar::render() {
+    const QSignalBlocker quiet(scroll_);
+    scroll_->setRange(0, std::abs(bar_.Max - bar_.Min));
+    scroll_->setSingleStep(bar_.SmallChange);
+    scroll_->setPageStep(bar_.LargeChange);
+    scroll_->setValue(positionOf(bar_, bar_.value()));
+    scroll_->setEnabled(bar_.Enabled);
+    showLabel(*numberLabel_, number_);
+}
+
+}  // namespace station::ui

@@ -1,0 +1,113 @@
+// corvane-station: the camera control station's desktop program. See programHelp().
+#include <QApplication>
+#include <QMessageBox>
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/station.hpp"
+#include "camtype/definition_folder.hpp"
+#include "common/runtime_error.hpp"
+#include "setupfile/file_writer.hpp"
+#include "ui/builtin_line.hpp"
+#include "ui/modal_pause.hpp"
+#include "ui/program_options.hpp"
+#include "ui/qt_file_dialogs.hpp"
+#include "ui/qt_messages.hpp"
+#include "ui/qt_serial_port.hpp"
+#include "ui/station_view.hpp"
+
+namespace {
+
+using namespace station;
+using namespace station::ui;
+
+bool asksForHelp(int argc, char** argv) {
+    for (int i = 1; i < argc; ++i) {
+        const std::string arg = argv[i];
+        if (arg == "--help" || arg == "-h") return true;
+    }
+    return false;
+}
+
+int startFailed(const std::string& what) {
+    std::cerr << "corvane-station: " << what << "\n";
+    QMessageBox::critical(nullptr, QString::fromLatin1(kApplicationTitle), QString::fromStdString(what));
+    return 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // Help needs no display, so it is answered before the windowing system is opened.
+    if (asksForHelp(argc, argv)) {
+        std::cout << programHelp();
+        return 0;
+    }
+    QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
+    QApplication::setApplicationName(QStringLiteral("corvane-station"));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+
+    const ProgramOptions options = parseProgramOptions(std::vector<std::string>(argv + 1, argv + argc));
+    if (!options.error.empty()) {
+        std::cerr << "corvane-station: " << options.error << "\n\n" << programHelp();
+        return 2;
+    }
+
+    const std::filesystem::path programFolder = QCoreApplication::applicationDirPath().toStdString();
+    const auto samples = samplesFolder(programFolder);
+    const auto settingFile = rememberedSettingFile(std::getenv("XDG_CONFIG_HOME"), std::getenv("HOME"));
+    const auto remembered = settingFile ? readRememberedFolder(*settingFile) : std::nullopt;
+    std::error_code ec;
+    const std::filesystem::path definitions =
+        definitionFolder(options, remembered, std::filesystem::current_path(ec), samples);
+    const auto device = portDevice(options, std::getenv("CORVANE_PORT"));
+
+    ModalPause modal;
+    QtMessages messages(modal);
+    QtFileDialogs qtDialogs(modal);
+    PresetOpenDialogs dialogs(qtDialogs);
+    DiskWriter writer;
+
+    std::unique_ptr<QtSerialPort> serial;
+    std::unique_ptr<BuiltinLine> line;
+    std::filesystem::path studio;
+    if (device) {
+        serial = std::make_unique<QtSerialPort>(*device);
+        std::cerr << "corvane-station: serial port 1 is " << *device << "\n";
+    } else {
+        if (!samples) return startFailed("the sample studio for the built-in camera line was not found");
+        studio = *samples / "studio.csd";
+        try {
+            line = std::make_unique<BuiltinLine>(studio);
+        } catch (const std::exception& e) {
+            return startFailed(e.what());
+        }
+        std::cerr << "corvane-station: built-in simulated camera line with the cameras of " << studio.string()
+                  << "\n";
+    }
+    std::cerr << "corvane-station: camera types from " << definitions.string() << "\n";
+
+    SerialPort& port = serial ? static_cast<SerialPort&>(*serial) : line->port();
+    Station station({port, messages, dialogs, writer, definitions});
+    std::function<void()> beforePoll;
+    if (line) beforePoll = [&line] { line->advance(); };
+    StationView view(station, modal, beforePoll);
+    view.onEnded = [] { QCoreApplication::quit(); };
+
+    try {
+        station.Form_Load();
+    } catch (const RuntimeError& e) {
+        return startFailed("Run-time error " + std::to_string(e.number()) + ": " + e.what());
+    } catch (const std::exception& e) {
+        return startFailed("The serial port could not be opened: " + std::string(e.what()));
+    }
+    if (line) openStudio(station, dialogs, studio);
+    view.refresh();
+    if (station.ended()) return 0;
+    return app.exec();
+}

@@ -1,0 +1,89 @@
+#include "ui/mode_view.hpp"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+namespace station::ui {
+
+namespace {
+
+// A group box whose buttons are laid out in `columns` columns.
+QGroupBox* groupBox(const QString& title, const QString& name, QWidget* parent) {
+    auto* box = new QGroupBox(title, parent);
+    box->setObjectName(name);
+    return box;
+}
+
+void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, int columns) {
+    auto* grid = new QGridLayout(box);
+    grid->setSpacing(2);
+    for (int i = group.lo(); i <= group.hi(); ++i)
+        grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns);
+}
+
+}  // namespace
+
+ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidget(parent), form_(form) {
+    auto make = [&](OptionGroup& group, const char* name, QWidget* box) {
+        OptionGroup* g = &group;
+        return std::make_unique<OptionButtons>(group, name, OptionButtons::Look::Radio, box,
+                                               [g, forward](int i) { forward([g, i] { g->click(i); }); });
+    };
+
+    struct Small {
+        OptionGroup& group;
+        const char* name;
+        const char* title;
+    };
+    const Small small[] = {
+        {form.OptBar, "OptBar", "BARS"},     {form.OptDtl, "OptDtl", "DETAIL"},  {form.OptSht, "OptSht", "SHUTTER"},
+        {form.OptWhite, "OptWhite", "WHITE"}, {form.OptIris, "OptIris", "IRIS"},
+    };
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    int n = 0;
+    for (const Small& s : small) {
+        QGroupBox* box = groupBox(QString::fromLatin1(s.title), QString::fromLatin1(s.name) + "Frame", this);
+        groups_.at(static_cast<std::size_t>(n)) = make(s.group, s.name, box);
+        layOut(box, *groups_.at(static_cast<std::size_t>(n)), s.group, 1);
+        grid->addWidget(box, 0, n < 3 ? n : n + 1);
+        ++n;
+    }
+
+    // Gain step: the value of each step beside its button.
+    QGroupBox* gain = groupBox(QStringLiteral("GAIN"), QStringLiteral("OptGainFrame"), this);
+    groups_.at(5) = make(form.OptGain, "OptGain", gain);
+    auto* gainGrid = new QGridLayout(gain);
+    gainGrid->setSpacing(2);
+    for (int i = form.OptGain.lo(); i <= form.OptGain.hi(); ++i) {
+        gainGrid->addWidget(&groups_.at(5)->button(i), i, 0);
+        if (i > 2) continue;
+        auto* step = new QLabel(gain);
+        step->setObjectName(QStringLiteral("Label1(%1)").arg(i));
+        step->setFrameShape(QFrame::Panel);
+        step->setFrameShadow(QFrame::Sunken);
+        step->setMinimumWidth(48);
+        step->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        gainSteps_.at(static_cast<std::size_t>(i)) = step;
+        gainGrid->addWidget(step, i, 1);
+    }
+    grid->addWidget(gain, 0, 3);
+
+    monitor_ = groupBox(QString(), QStringLiteral("Frame12"), this);
+    groups_.at(6) = make(form.OptMonsel, "OptMonsel", monitor_);
+    layOut(monitor_, *groups_.at(6), form.OptMonsel, 8);
+    grid->addWidget(monitor_, 1, 0, 1, 6);
+    render();
+}
+
+void ModeView::render() {
+    for (auto& group : groups_) group->render();
+    for (int i = 0; i <= 2; ++i) showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
+    monitor_->setTitle(qs(form_.Frame12.Caption));
+    monitor_->setEnabled(form_.Frame12.Enabled);
+}
+
+}  // namespace station::ui

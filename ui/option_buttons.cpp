@@ -1,0 +1,45 @@
+#include "ui/option_buttons.hpp"
+
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+namespace station::ui {
+
+OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look look, QWidget* parent,
+                             std::function<void(int)> clicked)
+    : group_(group), look_(look) {
+    for (int i = group.lo(); i <= group.hi(); ++i) {
+        QAbstractButton* b = nullptr;
+        if (look == Look::Radio) {
+            auto* radio = new QRadioButton(parent);
+            radio->setAutoExclusive(false);  // the model, not Qt, keeps one button selected
+            b = radio;
+        } else {
+            b = new QPushButton(parent);
+        }
+        b->setCheckable(true);
+        b->setObjectName(QString::fromStdString(name + "(" + std::to_string(i) + ")"));
+        QObject::connect(b, &QAbstractButton::clicked, [clicked, i] { clicked(i); });
+        buttons_.push_back(b);
+    }
+    render();
+}
+
+QAbstractButton& OptionButtons::button(int index) {
+    return *buttons_.at(static_cast<std::size_t>(index - group_.lo()));
+}
+
+void OptionButtons::render() {
+    for (int i = group_.lo(); i <= group_.hi(); ++i) {
+        QAbstractButton& b = button(i);
+        const OptionGroup::Button& model = group_[i];
+        const QSignalBlocker quiet(b);
+        b.setText(qs(model.Caption));
+        b.setChecked(model.Value);
+        b.setEnabled(group_.Enabled);
+        if (look_ == Look::Push) setBackColour(b, model.BackColor);
+    }
+}
+
+}  // namespace station::ui

@@ -1,0 +1,37 @@
+#pragma once
+// An option-button control array shown as Qt buttons: round radio buttons for the mode
+// groups, or push buttons that carry the model's back colour (camera and scene buttons).
+// The model decides which button is selected: a click is forwarded, and the next redraw
+// shows the model's choice, even when that means no button at all.
+
+#include <QAbstractButton>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/controls.hpp"
+#include "ui/render.hpp"
+
+class QWidget;
+
+namespace station::ui {
+
+class OptionButtons {
+public:
+    enum class Look { Radio, Push };
+
+    // Buttons are children of `parent` and named "<name>(<index>)"; the caller lays them out.
+    OptionButtons(OptionGroup& group, const std::string& name, Look look, QWidget* parent,
+                  std::function<void(int)> clicked);
+
+    QAbstractButton& button(int index);
+    void render();
+
+private:
+    OptionGroup& group_;
+    Look look_;
+    std::vector<QAbstractButton*> buttons_;  // owned by their parent widget
+};
+
+}  // namespace station::ui

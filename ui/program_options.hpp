@@ -1,0 +1,46 @@
+#pragma once
+// The desktop program's command line and the start-up choices that follow from it: which
+// serial device stands for port 1 (none: the built-in simulated camera line), and which
+// folder holds the camera-type definitions.
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace station::ui {
+
+struct ProgramOptions {
+    std::optional<std::string> port;                  // --port DEVICE
+    std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
+    bool help = false;
+    std::string error;  // not empty: the command line could not be read
+};
+
+// Reads the arguments after the program name. "--port" and "--definitions" take their
+// value as the next argument or after "="; the last one given wins.
+ProgramOptions parseProgramOptions(const std::vector<std::string>& args);
+
+std::string programHelp();
+
+// The device for port 1: --port, else $CORVANE_PORT when set and not empty (the variable
+// camera-sim tells its users to set); nothing means the built-in camera line.
+std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable);
+
+// The folder holding the sample camera types and studio: installed beside the program
+// (<prefix>/share/corvane-station, with the program in <prefix>/bin), else the source
+// tree's samples folder. Nothing when neither holds the sample studio.
+std::optional<std::filesystem::path> samplesFolder(const std::filesystem::path& programFolder);
+
+// Whether a folder holds any camera-type definition file ("*.fcl", any case).
+bool hasDefinitionFiles(const std::filesystem::path& folder);
+
+// The definition folder: the option, else the remembered setting, else the working folder;
+// when no option was given and that folder holds no definitions, the samples folder, so
+// that a first start finds the types of the sample studio.
+std::filesystem::path definitionFolder(const ProgramOptions& options,
+                                       const std::optional<std::filesystem::path>& remembered,
+                                       const std::filesystem::path& workingFolder,
+                                       const std::optional<std::filesystem::path>& samples);
+
+}  // namespace station::ui

@@ -1,0 +1,51 @@
+#pragma once
+// Serial port 1 on a real device through QSerialPort: a tty, a USB adapter, or the
+// pseudo-terminal that camera-sim serves. Raw bytes, no flow control; the settings text
+// ("9600,N,8,1") is applied at open and at once while the port is open. Reception is
+// polled: the bytes the event loop has taken in since the last poll are waiting.
+
+#include <QSerialPort>
+
+#include <string>
+
+#include "common/serial_port.hpp"
+
+namespace station::ui {
+
+class QtSerialPort : public SerialPort {
+public:
+    explicit QtSerialPort(std::string portOneDevice);
+
+    // Port 1 is the device given; the station uses no other.
+    void setCommPort(int port) override { commPort_ = port; }
+    // "RATE,PARITY,DATA,STOP": parity N, E or O, 7 or 8 data bits, 1 or 2 stop bits.
+    // Anything else raises error 5 and leaves the settings as they were.
+    void setSettings(const std::string& settings) override;
+    // Raises std::runtime_error naming the device and the reason when it cannot be opened.
+    void open() override;
+    void close() override { port_.close(); }
+    bool isOpen() const override { return port_.isOpen(); }
+    int bytesWaiting() override;
+    Bytes readAll() override;
+    // The station does not check its writes: bytes that cannot be written are lost.
+    void write(const Bytes& data) override;
+
+    const std::string& device() const { return device_; }
+
+private:
+    struct Settings {
+        qint32 rate = 9600;
+        QSerialPort::Parity parity = QSerialPort::NoParity;
+        QSerialPort::DataBits dataBits = QSerialPort::Data8;
+        QSerialPort::StopBits stopBits = QSerialPort::OneStop;
+    };
+    static Settings parse(const std::string& text);
+    void apply();
+
+    std::string device_;
+    int commPort_ = 1;
+    Settings settings_;
+    QSerialPort port_;
+};
+
+}  // namespace station::ui

@@ -1,0 +1,50 @@
+#pragma once
+// Small helpers that copy a control model's state into a Qt widget. Every one of them
+// changes the widget only where the state differs, so that redrawing every window after
+// each gesture and tick costs little, and none of them lets the widget raise a signal.
+
+#include <QColor>
+#include <QString>
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "common/controls.hpp"
+
+class QAbstractButton;
+class QLabel;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QWidget;
+
+namespace station::ui {
+
+// An operator gesture, forwarded to the station's models by the view that owns the window.
+using Gesture = std::function<void()>;
+using Forward = std::function<void(const Gesture&)>;
+
+// A push button named `name` whose click forwards `gesture`.
+QPushButton* commandButton(QWidget* parent, const char* name, const Forward& forward, Gesture gesture);
+
+// The station's texts hold one byte per character.
+QString qs(const std::string& text);
+std::string fromQt(const QString& text);
+
+// A colour value in blue-green-red order (0x0000FF is red) as a Qt colour.
+QColor colourOf(std::uint32_t bgr);
+
+// Paints a widget's background (buttons and labels alike) in a colour value.
+void setBackColour(QWidget& widget, std::uint32_t bgr);
+
+void showLabel(QLabel& widget, const Label& label);
+void showButton(QAbstractButton& widget, const CommandButton& button);
+void showCheck(QAbstractButton& widget, const CheckBox& box);
+void showText(QLineEdit& widget, const std::string& text);
+// The list's items and its selected entry (ListIndex, -1 for none).
+void showList(QListWidget& widget, const ListBox& list);
+// The window's caption, and shown or hidden as the model is.
+void showWindow(QWidget& widget, const FormWindow& form);
+
+}  // namespace station::ui

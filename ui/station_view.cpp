@@ -1,0 +1,52 @@
+#include "ui/station_view.hpp"
+
+#include "ui/auto_message_window.hpp"
+#include "ui/camera_set_window.hpp"
+#include "ui/console_window.hpp"
+#include "ui/function_window.hpp"
+#include "ui/main_window.hpp"
+
+namespace station::ui {
+
+StationView::StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll)
+    : station_(station), modal_(modal), timers_(station, [this] { refresh(); }, std::move(beforePoll)) {
+    const Forward forward = [this](const Gesture& gesture) { this->forward(gesture); };
+    main_ = std::make_unique<MainWindow>(station, forward);
+    cameraSet_ = std::make_unique<CameraSetWindow>(station, forward, main_.get());
+    function_ = std::make_unique<FunctionWindow>(station, forward, main_.get());
+    autoMessage_ = std::make_unique<AutoMessageWindow>(station, forward, main_.get());
+    console_ = std::make_unique<ConsoleWindow>(station, forward, main_.get());
+    modal_.onEnter = [this] { timers_.pause(); };
+    modal_.onLeave = [this] { timers_.resume(); };
+    refresh();
+}
+
+StationView::~StationView() {
+    modal_.onEnter = nullptr;
+    modal_.onLeave = nullptr;
+    timers_.stop();
+}
+
+void StationView::forward(const Gesture& gesture) {
+    if (ended_) return;
+    station_.act(gesture);
+    refresh();
+}
+
+void StationView::refresh() {
+    if (ended_) return;
+    if (station_.ended()) {
+        ended_ = true;
+        timers_.stop();
+        if (onEnded) onEnded();
+        return;
+    }
+    main_->render();
+    cameraSet_->render();
+    function_->render();
+    autoMessage_->render();
+    console_->render();
+    timers_.sync();
+}
+
+}  // namespace station::ui

@@ -1,0 +1,58 @@
+#pragma once
+// The desktop program's windows bound to one Station. Every gesture is forwarded to the
+// station's models at its error boundary and every timer tick goes to the station; after
+// each, every window is redrawn from the models and the timers follow their models.
+// When the station has ended, the timers stop and `onEnded` runs once.
+
+#include <functional>
+#include <memory>
+
+#include "app/station.hpp"
+#include "ui/modal_pause.hpp"
+#include "ui/render.hpp"
+#include "ui/station_timers.hpp"
+
+namespace station::ui {
+
+class MainWindow;
+class CameraSetWindow;
+class FunctionWindow;
+class AutoMessageWindow;
+class ConsoleWindow;
+
+class StationView {
+public:
+    // `beforePoll` runs before each 40 ms poll (the built-in camera line catches up).
+    StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll = {});
+    ~StationView();
+    StationView(const StationView&) = delete;
+    StationView& operator=(const StationView&) = delete;
+
+    // Runs a gesture at the station's error boundary, then redraws.
+    void forward(const Gesture& gesture);
+    // Redraws every window from the models and lets the timers follow theirs.
+    void refresh();
+
+    std::function<void()> onEnded;
+
+    MainWindow& mainWindow() { return *main_; }
+    CameraSetWindow& cameraSetWindow() { return *cameraSet_; }
+    FunctionWindow& functionWindow() { return *function_; }
+    AutoMessageWindow& autoMessageWindow() { return *autoMessage_; }
+    ConsoleWindow& consoleWindow() { return *console_; }
+    StationTimers& timers() { return timers_; }
+
+private:
+    Station& station_;
+    ModalPause& modal_;
+    StationTimers timers_;
+    bool ended_ = false;
+    // The satellites are children of the main window and go before it.
+    std::unique_ptr<MainWindow> main_;
+    std::unique_ptr<CameraSetWindow> cameraSet_;
+    std::unique_ptr<FunctionWindow> function_;
+    std::unique_ptr<AutoMessageWindow> autoMessage_;
+    std::unique_ptr<ConsoleWindow> console_;
+};
+
+}  // namespace station::ui
