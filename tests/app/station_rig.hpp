@@ -8,10 +8,10 @@
 
 #include "app/station.hpp"
 #include "common/hex.hpp"
-#include "tests/camtype/temp_folder.hpp"
-#include "tests/setupfile/setup_rig.hpp"
+#include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station::testing {
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "camtype/definition_folder.hpp"
-#include "tests/camtype/temp_folder.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station {
 namespace {

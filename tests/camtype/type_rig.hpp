@@ -3,8 +3,8 @@
 // definition folder.
 
 #include "camtype/camera_types.hpp"
-#include "tests/camtype/temp_folder.hpp"
 #include "tests/support/fake_messages.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station::testing {
 

@@ -5,7 +5,7 @@
 
 #include "common/hex.hpp"
 #include "tests/integration/link_line_rig.hpp"
-#include "tests/sim/wire_bytes.hpp"
+#include "tests/support/frames.hpp"
 
 namespace station {
 namespace {

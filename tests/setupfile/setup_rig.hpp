@@ -9,23 +9,9 @@
 #include "camtype/item_rows.hpp"
 #include "setupfile/setup_file.hpp"
 #include "tests/camtype/type_rig.hpp"
+#include "tests/support/fake_dialogs.hpp"
 
 namespace station::testing {
-
-class FakeDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string& filter) override {
-        calls.push_back("open " + filter);
-        return openAnswer;
-    }
-    std::optional<std::string> saveFile(const std::string& filter) override {
-        calls.push_back("save " + filter);
-        return saveAnswer;
-    }
-    std::optional<std::string> openAnswer;  // nothing = the operator cancels
-    std::optional<std::string> saveAnswer;
-    std::vector<std::string> calls;
-};
 
 // Writes to disk, except that on cue the disk fills up after some bytes (the part written
 // so far stays in the file, as on a real full disk) or the final rename is refused.

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/camera.hpp"
-#include "tests/sim/wire_bytes.hpp"
+#include "tests/support/frames.hpp"
 
 namespace station::sim {
 namespace {

@@ -9,7 +9,7 @@
 #include "sim/line.hpp"
 #include "sim/sim_port.hpp"
 #include "sim/tick_driver.hpp"
-#include "tests/sim/wire_bytes.hpp"
+#include "tests/support/frames.hpp"
 
 namespace station::sim {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "sim/wire.hpp"
-#include "tests/sim/wire_bytes.hpp"
+#include "tests/support/frames.hpp"
 
 namespace station::sim {
 namespace {

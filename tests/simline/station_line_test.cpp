@@ -10,9 +10,9 @@
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
 #include "sim/tick_driver.hpp"
-#include "tests/camtype/temp_folder.hpp"
-#include "tests/setupfile/setup_rig.hpp"
+#include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station {
 namespace {
