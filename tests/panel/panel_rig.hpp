@@ -35,6 +35,16 @@ struct PanelRig {
 
     std::string& field(int f) { return stores.MainScnData(f, shared.CamNo, 0); }
 
+    // A reply as the link hands it over, written as on the line: "22 04 0E" or "32 2B FF".
+    void reply(const std::string& spaced) {
+        const std::string c = spaced.substr(0, 2), a = spaced.substr(3, 2), d = spaced.substr(6, 2);
+        if (c[0] == '3') {
+            panel.RecAnalogMain(c, a, d);
+        } else {
+            panel.RecModeMain(c, a, d);
+        }
+    }
+
     void gainType(int t) { types.FormGain(1) = static_cast<Integer>(t); }
     void filterType(int t) { types.FormFilter(1) = static_cast<Integer>(t); }
     void monitorType(int t) { types.FormMonitor(1) = static_cast<Integer>(t); }
