@@ -6,21 +6,18 @@
 #include "link/console.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/frames.hpp"
+#include "tests/support/recording_decoders.hpp"
 
 namespace station {
 namespace {
 
-using testing::FakeMessages;
-using testing::FakePort;
+using testing::reply;
+using testing::wire;
 
 // Routes "40" results to the automatic setup, as the station does.
-class AutoOnly : public ReplyDecoders {
-public:
+struct AutoOnly : testing::RecordingDecoders {
     AutoSetup* autoSetup = nullptr;
-    void RecModeMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecModeFunc(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogFunc(const std::string&, const std::string&, const std::string&, const std::string&) override {}
     void RecAuto(const std::string& op, const std::string& result) override { autoSetup->RecAuto(op, result); }
 };
 
@@ -32,22 +29,21 @@ struct AutoRig {
         link.Timer2_Timer();
         link.Timer3_Timer();
     }
-    // The 500 ms countdown ticks while the window's timer runs.
-    void countdown(int ticks) {
+    Bytes tick(const Bytes& arriving = {}) {
+        port.arrive(arriving);
+        link.Timer1_Timer();
+        return port.takeWritten();
+    }
+    // Runs the 500 ms countdown for `ticks` ticks; whether the window is still up after them.
+    bool visibleAfter(int ticks) {
         for (int i = 0; i < ticks; ++i)
             if (form6.Timer1.Enabled) autoSetup.Timer1_Timer();
-    }
-    Bytes result(int op, int code) {
-        Bytes f{0x02, 0x03, 0x40, static_cast<std::uint8_t>(op), static_cast<std::uint8_t>(code)};
-        const int chk = ~(3 + 0x40 + op + code) & 0xFFFF;
-        f.push_back(static_cast<std::uint8_t>(chk & 0xFF));
-        f.push_back(static_cast<std::uint8_t>(chk >> 8));
-        return f;
+        return form6.form.Visible;
     }
 
     Shared shared;
-    FakePort port;
-    FakeMessages messages;
+    testing::FakePort port;
+    testing::FakeMessages messages;
     AutoOnly decoders;
     Link link{shared, port, messages, decoders};
     Form6 form6;
@@ -58,96 +54,62 @@ struct AutoRig {
 TEST(AutoWhite, RequestResultAndHidingUnderAckOn) {
     AutoRig rig;
     rig.autoSetup.Command8_Click();
-    EXPECT_TRUE(rig.form6.form.Visible);
-    EXPECT_EQ(rig.form6.Label1.Caption, "AUTO WHITE");
-    EXPECT_EQ(rig.form6.Label2.Caption, "Now doing");
-    EXPECT_FALSE(rig.form6.Timer1.Enabled);  // waits for the camera
-    rig.link.Timer1_Timer();
-    EXPECT_EQ(rig.port.takeWritten(), bytesOf({0x02, 0x02, 0x40, 0x10, 0xAD, 0xFF}));
-
-    rig.port.arrive(bytesOf({0x06}));
-    rig.link.Timer1_Timer();
-    rig.countdown(20);
-    EXPECT_TRUE(rig.form6.form.Visible);  // no result yet: it stays up
-
-    rig.port.arrive(rig.result(0x10, 0x01));
-    rig.link.Timer1_Timer();
+    EXPECT_EQ(rig.form6.Label1.Caption + " / " + rig.form6.Label2.Caption, "AUTO WHITE / Now doing");
+    EXPECT_EQ(rig.tick(), wire("02 02 40 10 AD FF"));
+    rig.tick(wire("06"));
+    EXPECT_TRUE(rig.visibleAfter(20));  // no result yet: the countdown has not started
+    EXPECT_EQ(rig.tick(reply("40 10 01")), wire("06"));
     EXPECT_EQ(rig.form6.Label2.Caption, "OK : COLOR TEMP.=3200K");
-    EXPECT_EQ(rig.port.takeWritten(), bytesOf({0x06}));
-    rig.countdown(2);
-    EXPECT_TRUE(rig.form6.form.Visible);
-    rig.countdown(1);
-    EXPECT_FALSE(rig.form6.form.Visible);
+    EXPECT_TRUE(rig.visibleAfter(2));
+    EXPECT_FALSE(rig.visibleAfter(1));
     EXPECT_FALSE(rig.form6.Timer1.Enabled);
-}
 
-TEST(AutoWhite, TheConsoleFrameGivesOkAndHidesAfterThreeTicks) {
-    AutoRig rig;
     rig.autoSetup.Command8_Click();
-    rig.console.Command2_Click();
-    rig.link.Timer1_Timer();
+    rig.console.Command2_Click();  // the console's preset frame: result 00
+    rig.tick();
     EXPECT_EQ(rig.form6.Label2.Caption, "OK");
-    EXPECT_EQ(rig.autoSetup.AutoCount(), 3);
-    rig.countdown(3);
-    EXPECT_FALSE(rig.form6.form.Visible);
+    EXPECT_TRUE(rig.visibleAfter(2));
+    EXPECT_FALSE(rig.visibleAfter(1));
 }
 
 TEST(AutoBlack, NgAndUnknownResults) {
     AutoRig rig;
     rig.autoSetup.Command7_Click();
     EXPECT_EQ(rig.form6.Label1.Caption, "AUTO BLACK");
-    rig.port.arrive(rig.result(0x20, 0x18));
-    rig.link.Timer1_Timer();
+    rig.tick(reply("40 20 18"));
     EXPECT_EQ(rig.form6.Label2.Caption, "NG : ????");
-    rig.countdown(5);
-    EXPECT_TRUE(rig.form6.form.Visible);
-    rig.countdown(1);
-    EXPECT_FALSE(rig.form6.form.Visible);
+    EXPECT_TRUE(rig.visibleAfter(5));
+    EXPECT_FALSE(rig.visibleAfter(1));
 
     // A result for an operation the station does not know leaves the text and only counts down.
     rig.autoSetup.Command7_Click();
-    rig.port.arrive(rig.result(0x05, 0x00));
-    rig.link.Timer1_Timer();
+    rig.tick(reply("40 05 00"));
     EXPECT_EQ(rig.form6.Label2.Caption, "Now doing");
-    EXPECT_EQ(rig.autoSetup.AutoCount(), 6);
-    rig.countdown(6);
+    EXPECT_TRUE(rig.visibleAfter(5));
+    EXPECT_FALSE(rig.visibleAfter(1));
+
+    // A result after the window was hidden does not show it again.
+    rig.autoSetup.RecAuto("10", "13");
     EXPECT_FALSE(rig.form6.form.Visible);
+    EXPECT_EQ(rig.form6.Label2.Caption, "NG : LOW LIGHT");
 }
 
 TEST(AutoBlack, UnderAckOffTheWindowHidesAfterFourTicks) {
     AutoRig rig;
     rig.shared.AckMode = 1;
     rig.autoSetup.Command7_Click();
-    EXPECT_TRUE(rig.form6.Timer1.Enabled);
-    EXPECT_EQ(rig.autoSetup.AutoCount(), 4);
-    rig.link.Timer1_Timer();
-    EXPECT_EQ(rig.port.takeWritten(), bytesOf({0x06, 0x02, 0x02, 0x40, 0x20, 0x9D, 0xFF}));
-    rig.countdown(3);
-    EXPECT_TRUE(rig.form6.form.Visible);
-    rig.countdown(1);
-    EXPECT_FALSE(rig.form6.form.Visible);
+    EXPECT_EQ(rig.tick(), wire("06 02 02 40 20 9D FF"));
+    EXPECT_TRUE(rig.visibleAfter(3));
+    EXPECT_FALSE(rig.visibleAfter(1));
 }
 
 TEST(AutoResults, EveryCodeHasItsText) {
-    EXPECT_EQ(AutoSetup::resultText("00"), "OK");
-    EXPECT_EQ(AutoSetup::resultText("02"), "OK : COLOR TEMP.=5600K");
-    EXPECT_EQ(AutoSetup::resultText("10"), "NG : EXECUTED TALLY");
-    EXPECT_EQ(AutoSetup::resultText("12"), "NG : CHANGE WHITE BALANCE SW TO MEMORY");
-    EXPECT_EQ(AutoSetup::resultText("17"), "NG : IRIS IS NOT CLOSED");
-    EXPECT_EQ(AutoSetup::resultText("18"), "NG : ????");
-    EXPECT_EQ(AutoSetup::resultText("19"), "NG : CONTROL LIMIT");
-    EXPECT_EQ(AutoSetup::resultText("1B"), "NG : COLOR TEMP. HIGH CHANGE TO 5600K");
-    EXPECT_EQ(AutoSetup::resultText("21"), "NG : LEVEL LOW");
-    EXPECT_EQ(AutoSetup::resultText("22"), "NG : ????");
-    EXPECT_EQ(AutoSetup::resultText(""), "NG : ????");
-}
-
-TEST(AutoResults, AResultAfterTheWindowWasHiddenDoesNotShowItAgain) {
-    AutoRig rig;
-    rig.autoSetup.RecAuto("10", "13");
-    EXPECT_FALSE(rig.form6.form.Visible);
-    EXPECT_EQ(rig.form6.Label2.Caption, "NG : LOW LIGHT");
-    EXPECT_TRUE(rig.form6.Timer1.Enabled);
+    const std::pair<const char*, const char*> cases[] = {
+        {"00", "OK"}, {"02", "OK : COLOR TEMP.=5600K"}, {"10", "NG : EXECUTED TALLY"},
+        {"12", "NG : CHANGE WHITE BALANCE SW TO MEMORY"}, {"17", "NG : IRIS IS NOT CLOSED"}, {"18", "NG : ????"},
+        {"19", "NG : CONTROL LIMIT"}, {"1B", "NG : COLOR TEMP. HIGH CHANGE TO 5600K"}, {"21", "NG : LEVEL LOW"},
+        {"22", "NG : ????"}, {"", "NG : ????"}};
+    for (const auto& [code, text] : cases) EXPECT_EQ(AutoSetup::resultText(code), text) << code;
 }
 
 }  // namespace
