@@ -2,9 +2,11 @@
 # Installs, with apt-get, whatever the build and the tests need and the machine lacks.
 set -euo pipefail
 
-packages=(cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev socat)
+packages=(cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev socat
+          qt6-base-dev qt6-serialport-dev)
+# Xvfb runs the desktop program without a screen (the widget tests need none).
 if [ "${STATION_WITH_UI:-0}" = 1 ]; then
-  packages+=(qt6-base-dev qt6-serialport-dev xvfb)
+  packages+=(xvfb)
 fi
 
 missing=()

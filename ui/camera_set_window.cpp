@@ -41,9 +41,9 @@ CameraSetWindow::CameraSetWindow(Station& station, const Forward& forward, QWidg
         grid->addWidget(&cameras_.button(camera), camera, 1);
         grid->addWidget(id, camera, 2);
     }
-    grid->addWidget(types_, 0, 3, 8, 1);
-    grid->addWidget(note_, 8, 3);
-    grid->addWidget(ok_, 9, 3, Qt::AlignRight);
+    grid->addWidget(types_, 0, 3, 9, 1);
+    grid->addWidget(note_, 9, 0, 1, 4);
+    grid->addWidget(ok_, 10, 3, Qt::AlignRight);
     render();
 }
 

@@ -25,7 +25,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
     modes_ = new ModeView(station.form1, forward_, central);
     levels_ = new LevelsView(station.form1, forward_, central);
     extras_ = new FilterTallyView(station, forward_, central);
-    monitor_ = new MonitorView(station.link, central);
+    monitor_ = new MonitorView(station.link, station.form1, central);
 
     auto* left = new QVBoxLayout;
     left->addWidget(scenes_);

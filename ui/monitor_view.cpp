@@ -23,15 +23,20 @@ QLabel* trafficLabel(QWidget* parent, const char* name) {
 
 }  // namespace
 
-MonitorView::MonitorView(Link& link, QWidget* parent)
-    : QGroupBox(QStringLiteral("LINE"), parent), link_(link), sent_(trafficLabel(this, "Label10")),
-      received_(trafficLabel(this, "Label11")) {
+MonitorView::MonitorView(Link& link, Form1& form, QWidget* parent)
+    : QGroupBox(QStringLiteral("LINE"), parent), link_(link), form_(form), sent_(trafficLabel(this, "Label10")),
+      received_(trafficLabel(this, "Label11")), fault_(new QLabel(this)) {
+    fault_->setObjectName(QStringLiteral("faultLine"));
+    QPalette red = fault_->palette();
+    red.setColor(QPalette::WindowText, Qt::darkRed);
+    fault_->setPalette(red);
     setObjectName(QStringLiteral("monitor"));
     auto* grid = new QGridLayout(this);
     grid->addWidget(new QLabel(QStringLiteral("TX"), this), 0, 0);
     grid->addWidget(sent_, 0, 1);
     grid->addWidget(new QLabel(QStringLiteral("RX"), this), 1, 0);
     grid->addWidget(received_, 1, 1);
+    grid->addWidget(fault_, 2, 1);
     grid->setColumnStretch(1, 1);
     render();
 }
@@ -39,6 +44,8 @@ MonitorView::MonitorView(Link& link, QWidget* parent)
 void MonitorView::render() {
     showLabel(*sent_, link_.Label10);
     showLabel(*received_, link_.Label11);
+    showLabel(*fault_, form_.faultLine);
+    fault_->setVisible(!form_.faultLine.Caption.empty());
 }
 
 }  // namespace station::ui

@@ -51,6 +51,17 @@ private slots:
         QVERIFY(rig.takeQueued().empty());  // a decoded reply sends nothing back
     }
 
+    void faultLineAppearsWhenThePollRunsIntoAFault() {
+        ViewRig rig;
+        auto& fault = rig.main<QLabel>("faultLine");
+        QVERIFY(fault.isHidden());
+        // A reply with one data byte more than a reply may carry.
+        rig.port.arrive(bytesOf({0x02, 0x0B, 0x22, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0x9B, 0xFF}));
+        QTRY_VERIFY(!fault.isHidden());
+        QCOMPARE(fault.text(), QStringLiteral("Line: Run-time error 9: Subscript out of range"));
+        QVERIFY(rig.messages.shown.empty());
+    }
+
     void tallyLampIsRedWhileCallIsHeldAndCallNeedsAcknowledges() {
         ViewRig rig;
         rig.openStudio();  // camera 1 is of a type with tally
@@ -102,6 +113,20 @@ private slots:
         idOn.trigger();
         QVERIFY(idOn.isChecked());
         QCOMPARE(rig.station.shared.IDMode, 1);
+    }
+
+    void timersStandStillWhileAModalBoxIsUp() {
+        ViewRig rig;
+        ui::StationTimers& timers = rig.view->timers();
+        {
+            const ui::ModalPause::Scope box(rig.modal);  // as a message box or file dialog holds it
+            QVERIFY(!timers.running(ui::StationTimers::Poll));
+            QVERIFY(!timers.running(ui::StationTimers::AckWatch));
+            rig.view->refresh();  // a redraw meanwhile does not start them again
+            QVERIFY(!timers.running(ui::StationTimers::Poll));
+        }
+        QVERIFY(timers.running(ui::StationTimers::Poll));
+        QVERIFY(timers.running(ui::StationTimers::AckWatch));
     }
 
     void autoMessageWindowShowsTheResultAndHidesItself() {
