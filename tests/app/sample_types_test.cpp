@@ -11,43 +11,9 @@ namespace station {
 namespace {
 
 using testing::Commands;
+using testing::frame;
+using testing::reply;
 using testing::StationRig;
-
-// A frame as the wire carries it in camera-ID mode: SOH, the ID right-aligned in three
-// characters, STX, LEN, data, and the ones' complement of ID + 2 + LEN + data, low byte first.
-Bytes idFrame(const std::string& id, const std::string& hex) {
-    const std::string padded = std::string(3 - id.size(), ' ') + id;
-    Bytes f{0x01};
-    int sum = 2;
-    for (char c : padded) {
-        f.push_back(static_cast<std::uint8_t>(c));
-        sum += static_cast<std::uint8_t>(c);
-    }
-    f.push_back(0x02);
-    f.push_back(static_cast<std::uint8_t>(hex.size() / 2));
-    sum += static_cast<int>(hex.size() / 2);
-    for (std::size_t i = 0; i < hex.size(); i += 2) {
-        const int b = std::stoi(hex.substr(i, 2), nullptr, 16);
-        f.push_back(static_cast<std::uint8_t>(b));
-        sum += b;
-    }
-    f.push_back(static_cast<std::uint8_t>(~sum & 0xFF));
-    f.push_back(static_cast<std::uint8_t>((~sum >> 8) & 0xFF));
-    return f;
-}
-
-// A camera's reply frame (the station does not look at a header in front of it).
-Bytes reply(std::initializer_list<int> data) {
-    Bytes f{0x02, static_cast<std::uint8_t>(data.size())};
-    int sum = static_cast<int>(data.size());
-    for (int d : data) {
-        f.push_back(static_cast<std::uint8_t>(d));
-        sum += d;
-    }
-    f.push_back(static_cast<std::uint8_t>(~sum & 0xFF));
-    f.push_back(static_cast<std::uint8_t>((~sum >> 8) & 0xFF));
-    return f;
-}
 
 struct TypeCase {
     int camera;
@@ -63,7 +29,7 @@ class SampleTypes : public ::testing::TestWithParam<TypeCase> {};
 TEST_P(SampleTypes, EveryControlSendsItsFrameAndRepliesComeBackQuietly) {
     const TypeCase& c = GetParam();
     StationRig rig;
-    rig.open(STATION_SAMPLES_DIR "/studio.csd");
+    rig.open(testing::kStudio);
     Station& s = rig.station;
     rig.run(1000);
     s.form1.Option9.click(c.camera);
@@ -125,13 +91,13 @@ TEST_P(SampleTypes, EveryControlSendsItsFrameAndRepliesComeBackQuietly) {
     all.push_back("4010");
     Bytes frames;
     for (const std::string& cmd : all) {
-        const Bytes f = idFrame(id, cmd);
+        const Bytes f = frame(testing::wire(cmd), id);
         frames.insert(frames.end(), f.begin(), f.end());
     }
     if (!c.filter.empty() && c.filter.size() == 2) {
         // The pulse's release is queued half a second after its press, behind what was
         // already waiting: compare as the multiset of frames, order aside for that one.
-        const Bytes release = idFrame(id, c.filter[1]);
+        const Bytes release = frame(testing::wire(c.filter[1]), id);
         Bytes withoutRelease = frames;
         const auto pos = std::search(withoutRelease.begin(), withoutRelease.end(), release.begin(), release.end());
         ASSERT_NE(pos, withoutRelease.end());
@@ -147,9 +113,10 @@ TEST_P(SampleTypes, EveryControlSendsItsFrameAndRepliesComeBackQuietly) {
 
     // The camera's replies: the panel follows, only acknowledges go back.
     Bytes answers;
-    for (const Bytes& f : {reply({0x22, 0x04, 0x0D}), reply({0x22, 0x08, 0x00}), reply({0x32, 0x2B, 0x85}),
-                           reply({0x32, 0x2C, 0x10}), reply({0x22, 0x03, 0x01}), reply({0x40, 0x10, 0x00})})
+    for (const char* r : {"22 04 0D", "22 08 00", "32 2B 85", "32 2C 10", "22 03 01", "40 10 00"}) {
+        const Bytes f = reply(r);
         answers.insert(answers.end(), f.begin(), f.end());
+    }
     rig.port.arrive(answers);
     rig.run(40);
     EXPECT_EQ(rig.port.takeWritten(), Bytes(6, 0x06));

@@ -11,6 +11,7 @@
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/frames.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station::testing {
@@ -51,6 +52,12 @@ struct StationRig {
     }
 
     std::string& field(int f, int camera, int scene = 0) { return station.stores.MainScnData(f, camera, scene); }
+    // Whether the camera's working copy holds the main settings of that scene.
+    bool workingCopyIs(int camera, int scene) {
+        for (int f = mBar; f <= mFILTER; ++f)
+            if (field(f, camera, 0) != field(f, camera, scene)) return false;
+        return true;
+    }
 
     TempFolder folder;
     FakePort port;
@@ -62,5 +69,6 @@ struct StationRig {
 };
 
 using Commands = std::vector<std::string>;
+inline constexpr const char* kStudio = STATION_SAMPLES_DIR "/studio.csd";
 
 }  // namespace station::testing
