@@ -23,10 +23,9 @@ TEST(DefinitionFolder, TheOptionInEitherFormTheLastOneWinning) {
 TEST(DefinitionFolder, SettingFileFromTheEnvironment) {
     EXPECT_EQ(rememberedSettingFile("/cfg", "/home/op"),
               std::filesystem::path("/cfg/corvane-station/definition-folder"));
-    EXPECT_EQ(rememberedSettingFile("", "/home/op"),
-              std::filesystem::path("/home/op/.config/corvane-station/definition-folder"));
-    EXPECT_EQ(rememberedSettingFile(nullptr, "/home/op"),
-              std::filesystem::path("/home/op/.config/corvane-station/definition-folder"));
+    for (const char* config : {"", static_cast<const char*>(nullptr)})
+        EXPECT_EQ(rememberedSettingFile(config, "/home/op"),
+                  std::filesystem::path("/home/op/.config/corvane-station/definition-folder"));
     EXPECT_FALSE(rememberedSettingFile(nullptr, nullptr));
 }
 

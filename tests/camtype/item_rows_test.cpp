@@ -23,16 +23,13 @@ TEST(ItemRows, NewCodesAppendInOrderAndRepeatsShareARow) {
     rows.scene("3050");
     rows.scene("2040FC");
     rows.scene("2040fc");  // case counts: a different code
-    EXPECT_EQ(rows.sceneKey(0), "3");
-    EXPECT_EQ(rows.sceneKey(1), "2040FC");
-    EXPECT_EQ(rows.sceneKey(2), "3050");
-    EXPECT_EQ(rows.sceneKey(3), "2040fc");
+    EXPECT_EQ(rows.sceneKey(0) + " " + rows.sceneKey(1) + " " + rows.sceneKey(2) + " " + rows.sceneKey(3),
+              "3 2040FC 3050 2040fc");
 
     // The two stores are separate: the same code has its own row in each.
     rows.plain("3050");
     rows.plain("3050");
-    EXPECT_EQ(rows.plainKey(0), "1");
-    EXPECT_EQ(rows.plainKey(1), "3050");
+    EXPECT_EQ(rows.plainKey(0) + " " + rows.plainKey(1), "1 3050");
     EXPECT_TRUE(rows.messages.shown.empty());
 }
 
@@ -45,19 +42,15 @@ TEST(ItemRows, RegistrationContinuesAfterTheRowsALoadLeft) {
     rows.stores.FuncData(3, 0) = "C";
     rows.plain("C");  // not among the counted rows: a new row 3 (same text as the stale one)
     rows.plain("B");
-    EXPECT_EQ(rows.plainKey(0), "3");
-    EXPECT_EQ(rows.plainKey(3), "C");
+    EXPECT_EQ(rows.plainKey(0) + " " + rows.plainKey(3), "3 C");
 }
 
 TEST(ItemRows, Row300IsTheLastAndEveryLaterNewCodeIsRefused) {
     Rows rows;
     for (int n = 1; n <= 299; ++n) rows.scene("S" + std::to_string(n));
     rows.scene("LAST");
-    EXPECT_EQ(rows.sceneKey(0), "300");
-    EXPECT_EQ(rows.sceneKey(300), "LAST");
-    EXPECT_TRUE(rows.messages.shown.empty());
-
     rows.scene("S17");  // known codes are still fine
+    EXPECT_EQ(rows.sceneKey(0) + " " + rows.sceneKey(300), "300 LAST");
     EXPECT_TRUE(rows.messages.shown.empty());
 
     rows.scene("NEW1");
