@@ -59,22 +59,6 @@ std::optional<std::string> ChildProcess::readLine(std::chrono::milliseconds limi
     }
 }
 
-std::string ChildProcess::readRest(std::chrono::milliseconds limit) {
-    const Clock::time_point end = Clock::now() + limit;
-    std::string out = std::move(buffered_);
-    buffered_.clear();
-    for (;;) {
-        const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(end - Clock::now()).count();
-        if (left <= 0) return out;
-        pollfd p{out_, POLLIN, 0};
-        if (::poll(&p, 1, static_cast<int>(left)) <= 0) continue;
-        char buf[1024];
-        const ssize_t n = ::read(out_, buf, sizeof buf);
-        if (n <= 0) return out;
-        out.append(buf, static_cast<std::size_t>(n));
-    }
-}
-
 int ChildProcess::wait(std::chrono::milliseconds limit) {
     if (pid_ <= 0) return -1;
     const Clock::time_point end = Clock::now() + limit;

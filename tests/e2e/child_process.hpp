@@ -19,8 +19,6 @@ public:
 
     // One line of its output without the line end, or nullopt when none came in time.
     std::optional<std::string> readLine(std::chrono::milliseconds limit);
-    // Everything it writes until it closes its output or the limit passes.
-    std::string readRest(std::chrono::milliseconds limit);
 
     // Sends SIGTERM and waits; the exit status, or -1 when it had to be killed.
     int stop(std::chrono::milliseconds limit = std::chrono::milliseconds(3000));
