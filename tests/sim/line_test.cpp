@@ -1,13 +1,12 @@
 // The line as the station meets it: who answers what and when the bytes arrive. The station's
-// side is played here with raw bytes; the faults are shown against the real link in tests/integration.
+// side is played here with raw bytes; the faults, the in-process port and the tick driver are
+// shown against the real link in tests/integration.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "common/runtime_error.hpp"
 #include "sim/line.hpp"
-#include "sim/sim_port.hpp"
-#include "sim/tick_driver.hpp"
 #include "tests/support/frames.hpp"
 
 namespace station::sim {
@@ -101,43 +100,6 @@ TEST(LineAnswers, AfterAnUnansweredReplyA06IsAPrefixAgainAndNoAckStillApplies) {
     rig.line.fromStation(frame(wire("20 08 01 FE")));
     EXPECT_EQ(rig.after(50ms), frame(wire("22 08 01")));
     EXPECT_THROW(rig.line.addCamera(9, "AB1", "9"), RuntimeError);
-}
-
-TEST(SimPort, ReachesTheLineOnlyWhenOpenAndAtItsSpeed) {
-    Line line;
-    line.addCamera(1, "AB1", "01");
-    SimPort port(line);
-    const Bytes cmd = frame(wire("33 18"));
-    port.write(cmd);  // closed: lost
-    line.advance(100ms);
-    EXPECT_EQ(port.bytesWaiting(), 0);
-    port.open();
-    port.write(cmd);
-    line.advance(100ms);
-    EXPECT_EQ(port.readAll(), wire("06") + frame(wire("32 18 00")));
-    port.setSettings("19200,N,8,1");
-    EXPECT_EQ(port.speed(), 19200);
-    EXPECT_THROW(port.setSettings(",N,8,1"), RuntimeError);
-    EXPECT_EQ(port.speed(), 19200);
-}
-
-TEST(TickDriver, TicksEachTimerAtItsIntervalInTimeOrder) {
-    Line line;
-    TickDriver ticks(line);
-    std::string log;
-    bool slowOn = true;
-    ticks.every(40ms, [&] { log += " fast@" + std::to_string(line.now().count() / 1000); });
-    ticks.every(100ms, [&] { log += " slow@" + std::to_string(line.now().count() / 1000); }, [&] { return slowOn; });
-    ticks.run(200ms);
-    slowOn = false;
-    ticks.run(100ms);
-    EXPECT_EQ(log, " fast@40 fast@80 slow@100 fast@120 fast@160 fast@200 slow@200 fast@240 fast@280");
-    int n = 0;
-    ticks.every(10ms, [&] { ++n; });
-    EXPECT_TRUE(ticks.runUntil([&] { return n == 3; }, 1s));
-    EXPECT_EQ(line.now(), 330ms);
-    EXPECT_FALSE(ticks.runUntil([] { return false; }, 50ms));
-    EXPECT_EQ(line.now(), 380ms);
 }
 
 }  // namespace
