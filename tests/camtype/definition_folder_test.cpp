@@ -14,10 +14,8 @@ TEST(DefinitionFolder, TheOptionInEitherFormTheLastOneWinning) {
     EXPECT_EQ(definitionFolderOption(V{"station", "--definitions=/a b", "-x"}), std::filesystem::path("/a b"));
     EXPECT_EQ(definitionFolderOption(V{"s", "--definitions=/one", "--definitions", "/two"}),
               std::filesystem::path("/two"));
-    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitions"}));
-    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitions="}));
-    EXPECT_FALSE(definitionFolderOption(V{"s", "--definitionsX=/a", "/b"}));
-    EXPECT_FALSE(definitionFolderOption(V{"s"}));
+    for (const V& without : {V{"s", "--definitions"}, V{"s", "--definitions="}, V{"s", "--definitionsX=/a", "/b"}})
+        EXPECT_FALSE(definitionFolderOption(without));
 }
 
 TEST(DefinitionFolder, SettingFileFromTheEnvironment) {
