@@ -68,29 +68,6 @@ TEST(StudioLine, AutoWhiteOkAndAutoBlackNg) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-TEST(StudioLine, APageReadFillsThePanelWithTheCamerasValues) {
-    StudioLine rig;
-    sim::Camera& cam = rig.line.at(1);  // ST1: gain family 0, filter and monitor
-    cam.setMode(0x04, 0x0D);  // white 3, iris 1
-    cam.setMode(0x0F, 0x05);
-    cam.setMode(0x00, 0x02);
-    cam.setMode(0x01, 0x46);  // HIGH step, value 1
-    cam.setLevel(0x2B, 0xF0);
-    cam.setLevel(0x2E, 20);
-    cam.setLevel(0x39, 30);
-    cam.setLevel(0x18, 0x81);
-    rig.station.pages.READ_Click();
-    ASSERT_TRUE(rig.settle());
-    rig.ticks.run(200ms);
-    std::string fields;
-    for (int f : {mWHITE, mIRIS, mMONSEL, mFILTER, mGAIN, mHIGH, aMBLK, aIRIS, aRGAIN}) fields += rig.field(f) + " ";
-    EXPECT_EQ(fields, "3 1 5 2 2 1 -16 20 -127 ");  // iris mode 1 takes the level of 2E
-    EXPECT_EQ(rig.station.form1.OptWhite.selected(), 3);
-    EXPECT_EQ(rig.station.form1.Label3.Caption, "-16");
-    EXPECT_EQ(rig.station.form1.Label16.Caption, "5600K");
-    EXPECT_TRUE(rig.messages.shown.empty());
-}
-
 TEST(StudioLine, APageWriteThenAPageReadGivesTheSamePanel) {
     StudioLine rig;
     Station& s = rig.station;
@@ -114,6 +91,7 @@ TEST(StudioLine, APageWriteThenAPageReadGivesTheSamePanel) {
     rig.ticks.run(200ms);
     for (int f : {mBar, mDTL, mSHT, mIRIS, mMONSEL, aMBLK, aIRIS, aDTL, aRGAIN, aBGAIN, aRBLK, aBBLK, mFILTER})
         EXPECT_EQ(rig.field(f), values[f]) << "field " << f;
+    EXPECT_EQ(s.form1.Label3.Caption, "-5");
     // The page write's white command puts the code beside the bits its mask opens, so the
     // camera's white bits are cleared rather than set: the value does not come back.
     EXPECT_EQ(rig.field(mWHITE), "0");
