@@ -24,6 +24,9 @@ LevelBar::LevelBar(ScrollBar& bar, Label& number, const QString& title, const st
     numberLabel_->setFrameShadow(QFrame::Sunken);
     numberLabel_->setMinimumWidth(40);
     scroll_->setMinimumHeight(160);
+    // As the original's scroll bars: a drag changes the level once, where the thumb is let
+    // go; the arrows and the trough change it at each click.
+    scroll_->setTracking(false);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(2, 2, 2, 2);
@@ -47,7 +50,8 @@ void LevelBar::render() {
     scroll_->setRange(0, std::abs(bar_.Max - bar_.Min));
     scroll_->setSingleStep(bar_.SmallChange);
     scroll_->setPageStep(bar_.LargeChange);
-    scroll_->setValue(positionOf(bar_, bar_.value()));
+    // A thumb the operator is dragging stays under the pointer until it is let go.
+    if (!scroll_->isSliderDown()) scroll_->setValue(positionOf(bar_, bar_.value()));
     scroll_->setEnabled(bar_.Enabled);
     showLabel(*numberLabel_, number_);
 }

@@ -51,6 +51,21 @@ private slots:
         QVERIFY(rig.takeQueued().empty());  // a decoded reply sends nothing back
     }
 
+    void draggedLevelIsSentOnceWhereTheThumbIsLetGo() {
+        ViewRig rig;
+        auto& bar = rig.main<QScrollBar>("VrDtl.bar");
+        bar.setSliderDown(true);  // what the scroll bar does with the mouse on its thumb
+        for (int level : {20, 30, 40}) {
+            bar.setSliderPosition(ui::LevelBar::positionOf(rig.station.form1.VrDtl, level));
+            rig.view->refresh();  // the timers' redraws leave the thumb under the pointer
+        }
+        QCOMPARE(bar.sliderPosition(), ui::LevelBar::positionOf(rig.station.form1.VrDtl, 40));
+        QVERIFY(rig.takeQueued().empty());
+        bar.setSliderDown(false);
+        QCOMPARE(rig.takeQueued(), Commands{"302C2800"});
+        QCOMPARE(rig.main<QLabel>("VrDtl.number").text(), QStringLiteral("40"));
+    }
+
     void faultLineAppearsWhenThePollRunsIntoAFault() {
         ViewRig rig;
         auto& fault = rig.main<QLabel>("faultLine");
