@@ -11,6 +11,7 @@
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/queued_commands.hpp"
 #include "tests/support/frames.hpp"
 #include "tests/support/temp_folder.hpp"
 
@@ -37,19 +38,7 @@ struct StationRig {
         station.OPEN_Click();
     }
 
-    // The command texts of the queued frames (data bytes only), and empty the queue.
-    std::vector<std::string> takeQueued() {
-        std::vector<std::string> out;
-        SendQueue& q = station.link.queue();
-        while (q.SendCnt() > 0) {
-            const Bytes& f = q.head().Data;
-            std::size_t start = 0;
-            while (f[start] != 0x02) ++start;  // skip an ACK prefix and an ID header
-            out.push_back(hexText(Bytes(f.begin() + static_cast<std::ptrdiff_t>(start) + 2, f.end() - 2)));
-            q.SendBuffShift();
-        }
-        return out;
-    }
+    std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
 
     std::string& field(int f, int camera, int scene = 0) { return station.stores.MainScnData(f, camera, scene); }
     // Whether the camera's working copy holds the main settings of that scene.

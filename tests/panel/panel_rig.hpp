@@ -11,6 +11,7 @@
 #include "panel/main_panel.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/queued_commands.hpp"
 #include "tests/support/recording_decoders.hpp"
 
 namespace station::testing {
@@ -22,16 +23,7 @@ struct PanelRig {
         shared.cams.CamFclNo(1) = "1";
     }
 
-    // The command texts queued so far (the data bytes of each frame), and forget them.
-    std::vector<std::string> takeQueued() {
-        std::vector<std::string> out;
-        while (link.queue().SendCnt() > 0) {
-            const Bytes& f = link.queue().head().Data;
-            out.push_back(hexText(Bytes(f.begin() + 2, f.end() - 2)));
-            link.queue().SendBuffShift();
-        }
-        return out;
-    }
+    std::vector<std::string> takeQueued() { return takeQueuedCommands(link.queue()); }
 
     std::string& field(int f) { return stores.MainScnData(f, shared.CamNo, 0); }
 

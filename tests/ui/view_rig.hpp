@@ -14,6 +14,7 @@
 #include "common/hex.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/queued_commands.hpp"
 #include "ui/main_window.hpp"
 #include "ui/station_view.hpp"
 
@@ -51,19 +52,7 @@ struct ViewRig {
         return widget<W>(view->mainWindow(), name);
     }
 
-    // The data bytes of each queued frame as hex text, oldest first; the queue is emptied.
-    std::vector<std::string> takeQueued() {
-        std::vector<std::string> out;
-        SendQueue& q = station.link.queue();
-        while (q.SendCnt() > 0) {
-            const Bytes& f = q.head().Data;
-            std::size_t start = 0;
-            while (f.at(start) != 0x02) ++start;  // past an ACK prefix and an ID header
-            out.push_back(hexText(Bytes(f.begin() + static_cast<std::ptrdiff_t>(start) + 2, f.end() - 2)));
-            q.SendBuffShift();
-        }
-        return out;
-    }
+    std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
 
     FakePort port;
     FakeMessages messages;
