@@ -125,10 +125,10 @@ bool Link::consumeFrame(std::size_t available) {
     }
     if (bad) {
         ansWait_ = kAnswerTicks;
-        CommOut({kNak});
+        CommOut(nakByte_);
     } else {
         ansWait_ = -1;
-        CommOut({kAck});
+        CommOut(ackByte_);
     }
     recBuff_.erase(recBuff_.begin(), recBuff_.begin() + static_cast<std::ptrdiff_t>(n));
     return true;

@@ -81,6 +81,8 @@ private:
     Integer ackWait_ = 0;  // -1 idle, 10..1 counting down after a send
     Integer ansWait_ = 0;  // -1 idle, 50..1 counting down after a bad frame
     Bytes recBuff_;
+    const Bytes ackByte_{0x06};  // the answers to a received frame, built once
+    const Bytes nakByte_{0x15};
     Integer testCnt_ = 0;
     Bytes testData_;
 };
