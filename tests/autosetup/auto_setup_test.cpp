@@ -4,10 +4,8 @@
 
 #include "autosetup/auto_setup.hpp"
 #include "link/console.hpp"
-#include "tests/support/fake_messages.hpp"
-#include "tests/support/fake_port.hpp"
+#include "tests/link/link_rig.hpp"
 #include "tests/support/frames.hpp"
-#include "tests/support/recording_decoders.hpp"
 
 namespace station {
 namespace {
@@ -21,18 +19,11 @@ struct AutoOnly : testing::RecordingDecoders {
     void RecAuto(const std::string& op, const std::string& result) override { autoSetup->RecAuto(op, result); }
 };
 
-struct AutoRig {
+struct AutoRig : testing::BasicLinkRig<AutoOnly> {
     AutoRig() {
-        shared.CamNo = 1;
         decoders.autoSetup = &autoSetup;
         form6.Timer1.Interval = 500;
-        link.Timer2_Timer();
-        link.Timer3_Timer();
-    }
-    Bytes tick(const Bytes& arriving = {}) {
-        port.arrive(arriving);
-        link.Timer1_Timer();
-        return port.takeWritten();
+        settle();
     }
     // Runs the 500 ms countdown for `ticks` ticks; whether the window is still up after them.
     bool visibleAfter(int ticks) {
@@ -41,11 +32,6 @@ struct AutoRig {
         return form6.form.Visible;
     }
 
-    Shared shared;
-    testing::FakePort port;
-    testing::FakeMessages messages;
-    AutoOnly decoders;
-    Link link{shared, port, messages, decoders};
     Form6 form6;
     AutoSetup autoSetup{shared, link, form6};
     Console console{link};

@@ -15,8 +15,10 @@ namespace station::testing {
 
 using Calls = std::vector<std::string>;
 
-struct LinkRig {
-    LinkRig() { shared.CamNo = 1; }
+// A link on a fake port with camera 1 selected; Decoders receives the replies.
+template <typename Decoders = RecordingDecoders>
+struct BasicLinkRig {
+    BasicLinkRig() { shared.CamNo = 1; }
 
     // The first acknowledge and answer ticks after start bring both watches to idle.
     void settle() {
@@ -33,9 +35,11 @@ struct LinkRig {
     Shared shared;
     FakePort port;
     FakeMessages messages;
-    RecordingDecoders decoders;
+    Decoders decoders;
     Link link{shared, port, messages, decoders};
 };
+
+using LinkRig = BasicLinkRig<>;
 
 // The number of the runtime error that f raised, 0 if none.
 inline int errorOf(const std::function<void()>& f) {
