@@ -19,6 +19,12 @@ Station::Station(const StationPlatform& platform)
       port_(platform.port),
       messages_(platform.messages) {
     setupFile.InitSet = [this] { InitSet(); };
+    // The title names the current setup data file, the one SAVE writes to.
+    setupFile.FileNameChanged = [this] {
+        const std::string name = std::filesystem::path(setupFile.FileName).filename().string();
+        form1.form.Caption = name.empty() ? "Camera Control" : name + " - Camera Control";
+    };
+    setupFile.Notify = [this](const std::string& text) { notice.raise(text); };
     cameraSet.refreshEditor = [this] {
         editor.FuncListDsp();
         editor.DataFuncDsp();

@@ -18,6 +18,7 @@
 #include "camtype/setting_stores.hpp"
 #include "camtype/type_tables.hpp"
 #include "common/messages.hpp"
+#include "common/notice.hpp"
 #include "common/serial_port.hpp"
 #include "common/shared.hpp"
 #include "funcedit/function_editor.hpp"
@@ -84,6 +85,7 @@ public:
     void act(const std::function<void()>& action);
 
     std::string BaudStr;
+    Notice notice;  // passing words to the operator (shown in the status bar)
 
     // State, window models and procedures, in dependency order.
     Shared shared;

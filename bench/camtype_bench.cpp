@@ -27,6 +27,7 @@ class NoDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
     std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
 };
 
 // A scratch folder for the run, removed at the end.

@@ -1,26 +1,10 @@
 #include "camtype/definition_folder.hpp"
 
-#include <fstream>
 #include <string_view>
 
 #include "camtype/text_lines.hpp"
 
 namespace station {
-
-std::optional<std::filesystem::path> definitionFolderOption(const std::vector<std::string>& args) {
-    static constexpr std::string_view name = "--definitions";
-    std::optional<std::filesystem::path> folder;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        const std::string_view arg = args[i];
-        if (arg == name) {
-            if (i + 1 < args.size() && !args[i + 1].empty()) folder = args[i + 1];
-            ++i;
-        } else if (arg.size() > name.size() && arg.substr(0, name.size()) == name && arg[name.size()] == '=') {
-            if (arg.size() > name.size() + 1) folder = std::filesystem::path(arg.substr(name.size() + 1));
-        }
-    }
-    return folder;
-}
 
 std::optional<std::filesystem::path> rememberedSettingFile(const char* xdgConfigHome, const char* home) {
     std::filesystem::path config;
@@ -40,15 +24,6 @@ std::optional<std::filesystem::path> readRememberedFolder(const std::filesystem:
         first = false;
     });
     return folder;
-}
-
-bool rememberFolder(const std::filesystem::path& settingFile, const std::filesystem::path& folder) {
-    std::error_code ec;
-    std::filesystem::create_directories(settingFile.parent_path(), ec);
-    std::ofstream out(settingFile, std::ios::binary | std::ios::trunc);
-    out << folder.string() << '\n';
-    out.close();
-    return !out.fail();
 }
 
 std::filesystem::path chooseDefinitionFolder(const std::optional<std::filesystem::path>& option,

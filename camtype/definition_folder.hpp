@@ -6,26 +6,19 @@
 
 #include <filesystem>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace station {
 
-// The command-line option "--definitions=<folder>" or "--definitions <folder>" (the last
-// one given wins); nothing when absent or without a folder.
-std::optional<std::filesystem::path> definitionFolderOption(const std::vector<std::string>& args);
-
-// The file of the remembered setting: <config>/corvane-station/definition-folder, where
-// <config> is XDG_CONFIG_HOME if set and not empty, else HOME/.config. Nothing when neither
-// is known. The caller passes the two environment values (null when unset).
+// The file in which earlier versions kept the remembered folder, written by hand:
+// <config>/corvane-station/definition-folder, where <config> is XDG_CONFIG_HOME if set and
+// not empty, else HOME/.config. Nothing when neither is known. The caller passes the two
+// environment values (null when unset). The desktop program now remembers the folder in
+// its settings and reads this file once, for users who made one.
 std::optional<std::filesystem::path> rememberedSettingFile(const char* xdgConfigHome, const char* home);
 
-// The folder named in the setting file's first line; nothing when the file is missing or
-// the line is empty.
+// The folder named in that file's first line; nothing when the file is missing or the
+// line is empty.
 std::optional<std::filesystem::path> readRememberedFolder(const std::filesystem::path& settingFile);
-
-// Writes the setting file (creating its folder); false when it cannot be written.
-bool rememberFolder(const std::filesystem::path& settingFile, const std::filesystem::path& folder);
 
 // The command-line option if given; else the remembered folder if it still exists as a
 // folder (a stale setting must not leave the station without types); else the working folder.

@@ -146,7 +146,7 @@ private:
 
 void CameraTypes::loadDefinition(int slot, std::string_view text) {
     DefinitionReader reader(types_, stores_, messages_, slot);
-    forEachLine(text, [&](std::string_view line) { reader.line(line); });
+    forEachLine(withoutByteOrderMark(text), [&](std::string_view line) { reader.line(line); });
 }
 
 void CameraTypes::FclLoad() {

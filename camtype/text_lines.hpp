@@ -31,6 +31,13 @@ void forEachLine(std::string_view text, Fn&& fn) {
     }
 }
 
+// The text without a UTF-8 byte-order mark at its very start (some editors put one in
+// front of the first line, which would then no longer start with "[").
+inline std::string_view withoutByteOrderMark(std::string_view text) {
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    return text.substr(0, mark.size()) == mark ? text.substr(mark.size()) : text;
+}
+
 // A line split at its first "=": the key is the text up to and including the "=", the
 // value everything after it. A line without "=" has the empty key and is all value.
 struct Entry {

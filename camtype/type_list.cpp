@@ -55,7 +55,7 @@ void CameraTypes::readTypeEntry(int row, std::string_view text) {
     note.clear();
     std::string_view section;
     // Unlike the full load, the list does not turn tabs into blanks.
-    forEachLine(text, [&](std::string_view line) {
+    forEachLine(withoutByteOrderMark(text), [&](std::string_view line) {
         if (!line.empty() && line.front() == '[') {
             section = sectionName(line);
             return;

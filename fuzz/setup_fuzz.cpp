@@ -24,6 +24,7 @@ class NoDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
     std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
 };
 
 // The load never touches the type tables; one unused set serves every input.

@@ -1,9 +1,36 @@
 #include "setupfile/setup_file.hpp"
 
+#include <system_error>
+
 #include "camtype/text_lines.hpp"
 #include "setupfile/setup_text.hpp"
 
 namespace station {
+
+namespace {
+
+// Whether a file holds the "[system]" line every setup data file starts with. A file too
+// big to be setup data is not read.
+bool looksLikeSetupFile(const std::filesystem::path& path) {
+    constexpr std::uintmax_t kLargest = 4u << 20;
+    std::error_code ec;
+    const auto size = std::filesystem::file_size(path, ec);
+    if (ec || size > kLargest) return false;
+    const auto text = readTextFile(path);
+    if (!text) return false;
+    bool found = false;
+    forEachLine(withoutByteOrderMark(*text), [&](std::string_view line) { found = found || line == "[system]"; });
+    return found;
+}
+
+}  // namespace
+
+std::string withSetupExtension(const std::string& path) {
+    const std::string ext = std::filesystem::path(path).extension().string();
+    const bool csd = ext.size() == 4 && ext[0] == '.' && (ext[1] | 0x20) == 'c' && (ext[2] | 0x20) == 's' &&
+                     (ext[3] | 0x20) == 'd';
+    return csd ? path : path + ".csd";
+}
 
 SetupFile::SetupFile(Shared& shared, SettingStores& stores, CameraTypes& types, MessageSink& messages,
                      FileDialogs& dialogs, FileWriter& writer)
@@ -17,8 +44,13 @@ void SetupFile::CamFileOpen() {
     if (InitSet) InitSet();
 }
 
+void SetupFile::setFileName(std::string name) {
+    FileName = std::move(name);
+    if (FileNameChanged) FileNameChanged();
+}
+
 void SetupFile::CsdOpen() {
-    if (const auto chosen = dialogs_.openFile(kSetupFileFilter)) FileName = *chosen;
+    if (const auto chosen = dialogs_.openFile(kSetupFileFilter)) setFileName(*chosen);
 }
 
 void SetupFile::CsdLoad() {
@@ -28,19 +60,32 @@ void SetupFile::CsdLoad() {
         loadText(*text);
     } catch (const RuntimeError&) {
         // What was read stays; the rest of the file is not read.
+        return;
     }
+    if (FileUsed) FileUsed(FileName);
 }
 
 void SetupFile::CsdSave() {
     const std::string text = setupText(shared_, stores_);
-    if (const auto reason = saveReplacing(writer_, FileName, text))
-        messages_.show("The setup data file could not be saved: " + *reason, Icon::Exclamation);
+    const bool setupData = looksLikeSetupFile(FileName);
+    const SaveOutcome saved = saveReplacing(writer_, FileName, text);
+    if (saved.error) {
+        messages_.show("The setup data file could not be saved: " + *saved.error, Icon::Exclamation);
+        return;
+    }
+    if (saved.backup && !setupData && Notify)
+        Notify("The replaced file did not look like setup data; its previous content is kept in " +
+               saved.backup->string());
+    if (FileUsed) FileUsed(FileName);
 }
 
 void SetupFile::CsdSave_New() {
     const auto chosen = dialogs_.saveFile(kSetupFileFilter);
     if (!chosen) return;
-    FileName = *chosen;
+    const std::string path = withSetupExtension(*chosen);
+    std::error_code ec;
+    if (std::filesystem::exists(path, ec) && !dialogs_.confirmReplace(path)) return;
+    setFileName(path);
     CsdSave();
 }
 

@@ -2,6 +2,7 @@
 // The setup data file ("*.csd"): opening, loading, saving, and the open sequence that ties
 // the loaded cameras to their types and loads the type definitions.
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -16,6 +17,9 @@
 
 namespace station {
 
+// The path with ".csd" added unless it ends in that extension already (in any case).
+std::string withSetupExtension(const std::string& path);
+
 class SetupFile {
 public:
     SetupFile(Shared& shared, SettingStores& stores, CameraTypes& types, MessageSink& messages,
@@ -26,6 +30,17 @@ public:
 
     // The last step of CamFileOpen: the refresh of every window (the station's InitSet).
     std::function<void()> InitSet;
+
+    // Raised when FileName was set by a dialog or by setFileName (the window's title names it).
+    std::function<void()> FileNameChanged;
+    // Raised with FileName after it was read or written whole (the desktop program keeps a
+    // list of recent files).
+    std::function<void(const std::string&)> FileUsed;
+    // A word to the operator that needs no answer (where the previous version was kept).
+    std::function<void(const std::string&)> Notify;
+
+    // Makes `name` the current file, as a dialog's choice would, without reading it.
+    void setFileName(std::string name);
 
     // OPEN: CsdOpen, CsdLoad, the type mapping (FclDataSet), the definitions (FclLoad), and
     // InitSet. A cancelled dialog reloads the current file; with none, the load does nothing.
@@ -42,10 +57,14 @@ public:
     void loadText(std::string_view text);
 
     // Writes every setting to FileName, replacing the file only once the new one is
-    // complete; on failure the operator is told why and the old file is untouched.
+    // complete and on the disk; the replaced version is kept as "<name>.bak". On failure the
+    // operator is told why and the old file is untouched. When the replaced file did not
+    // look like setup data (no "[system]" line), the operator is told where its backup is.
     void CsdSave();
 
-    // The save dialog, then CsdSave to the chosen path; a cancel saves nothing.
+    // The save dialog, then CsdSave to the chosen path; a cancel saves nothing. A name
+    // without the ".csd" extension gets it (OPEN lists only those), and an existing file is
+    // replaced only when the operator agrees.
     void CsdSave_New();
 
     void SAVE_Click();     // CsdSave to the current file, or CsdSave_New when there is none

@@ -40,7 +40,7 @@ void SetupFile::loadText(std::string_view text) {
     std::string section;
     long r = 0;
 
-    forEachLine(text, [&](std::string_view line) {
+    forEachLine(withoutByteOrderMark(text), [&](std::string_view line) {
         // Unlike a definition file, the whole header line names the section.
         if (!line.empty() && line.front() == '[') {
             section = line;

@@ -59,8 +59,12 @@ void LineSetup::build(Line& line) const {
 void readSetupData(std::istream& in, LineSetup& setup) {
     std::string raw;
     std::string section;
+    bool first = true;
     while (std::getline(in, raw)) {
-        const std::string_view line = chopCr(raw);
+        std::string_view line = chopCr(raw);
+        // A byte-order mark that an editor put before the first line is not part of it.
+        if (first && line.substr(0, 3) == "\xEF\xBB\xBF") line.remove_prefix(3);
+        first = false;
         if (!line.empty() && line.front() == '[') {
             section = line;
             continue;

@@ -30,10 +30,21 @@ std::optional<std::string> PresetOpenDialogs::openFile(const std::string& filter
     return dialogs_.openFile(filter);
 }
 
+bool openNamedFile(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& file) {
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(file, ec)) {
+        station.notice.raise(file.string() + " was not found; it is taken off the recent files");
+        return false;
+    }
+    dialogs.answerNextOpen(file.string());
+    station.OPEN_Click();
+    return true;
+}
+
 void openStudio(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& studioFile) {
     dialogs.answerNextOpen(studioFile.string());
     station.OPEN_Click();
-    station.setupFile.FileName.clear();
+    station.setupFile.setFileName("");
 }
 
 }  // namespace station::ui

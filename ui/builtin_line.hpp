@@ -46,11 +46,17 @@ public:
 
     std::optional<std::string> openFile(const std::string& filter) override;
     std::optional<std::string> saveFile(const std::string& filter) override { return dialogs_.saveFile(filter); }
+    bool confirmReplace(const std::string& path) override { return dialogs_.confirmReplace(path); }
 
 private:
     FileDialogs& dialogs_;
     std::optional<std::string> nextOpen_;
 };
+
+// Opens a setup data file by name through the station's own OPEN command. A file that is
+// gone is not opened (OPEN would take its name and read nothing): the operator is told in
+// a notice, and the answer is false.
+bool openNamedFile(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& file);
 
 // Opens the studio's setup data in a started station through its own OPEN command, then
 // forgets the file name so that the sample is never saved over.

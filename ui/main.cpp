@@ -1,6 +1,7 @@
 // corvane-station: the camera control station's desktop program. See programHelp().
 #include <QApplication>
 #include <QMessageBox>
+#include <QSettings>
 
 #include <cstdlib>
 #include <exception>
@@ -19,20 +20,13 @@
 #include "ui/qt_file_dialogs.hpp"
 #include "ui/qt_messages.hpp"
 #include "ui/qt_serial_port.hpp"
+#include "ui/remembered_session.hpp"
 #include "ui/station_view.hpp"
 
 namespace {
 
 using namespace station;
 using namespace station::ui;
-
-bool asksForHelp(int argc, char** argv) {
-    for (int i = 1; i < argc; ++i) {
-        const std::string arg = argv[i];
-        if (arg == "--help" || arg == "-h") return true;
-    }
-    return false;
-}
 
 int startFailed(const std::string& what) {
     std::cerr << "corvane-station: " << what << "\n";
@@ -43,28 +37,33 @@ int startFailed(const std::string& what) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    // Help needs no display, so it is answered before the windowing system is opened.
-    if (asksForHelp(argc, argv)) {
-        std::cout << programHelp();
+    // The options are read before the windowing system is opened, so that help, the version and
+    // a wrong option are answered without a display.
+    const ProgramOptions options =
+        parseProgramOptions(withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc)));
+    if (options.help || options.version) {
+        std::cout << (options.help ? programHelp() : programVersion());
         return 0;
     }
-    QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
-    QApplication::setApplicationName(QStringLiteral("corvane-station"));
-    QApplication::setStyle(QStringLiteral("Fusion"));
-
-    const ProgramOptions options = parseProgramOptions(std::vector<std::string>(argv + 1, argv + argc));
     if (!options.error.empty()) {
         std::cerr << "corvane-station: " << options.error << "\n\n" << programHelp();
         return 2;
     }
+    QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
+    QApplication::setApplicationName(QStringLiteral("corvane-station"));
+    QApplication::setOrganizationName(QStringLiteral("corvane-station"));
+    QApplication::setApplicationVersion(QStringLiteral(STATION_VERSION));
+    QApplication::setStyle(QStringLiteral("Fusion"));
+
 
     const std::filesystem::path programFolder = QCoreApplication::applicationDirPath().toStdString();
     const auto samples = samplesFolder(programFolder);
-    const auto settingFile = rememberedSettingFile(std::getenv("XDG_CONFIG_HOME"), std::getenv("HOME"));
-    const auto remembered = settingFile ? readRememberedFolder(*settingFile) : std::nullopt;
+    QSettings settings;
+    RememberedSettings remembered(settings);
+    remembered.takeOldDefinitionFolder(rememberedSettingFile(std::getenv("XDG_CONFIG_HOME"), std::getenv("HOME")));
     std::error_code ec;
     const std::filesystem::path definitions =
-        definitionFolder(options, remembered, std::filesystem::current_path(ec), samples);
+        definitionFolder(options, remembered.definitionFolder(), std::filesystem::current_path(ec), samples);
     const auto device = portDevice(options, std::getenv("CORVANE_PORT"));
 
     ModalPause modal;
@@ -107,6 +106,8 @@ int main(int argc, char** argv) {
         return startFailed("The serial port could not be opened: " + std::string(e.what()));
     }
     if (line) openStudio(station, dialogs, studio);
+    // Only now, so that the sample studio does not join the recent files.
+    const RememberedSession session(remembered, view, station, dialogs, writer);
     view.refresh();
     if (station.ended()) return 0;
     return app.exec();

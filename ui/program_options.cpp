@@ -1,7 +1,11 @@
 #include "ui/program_options.hpp"
 
+#include <QCommandLineParser>
+#include <QStringList>
+
 #include <algorithm>
 #include <cctype>
+#include <string_view>
 #include <system_error>
 
 #include "camtype/definition_folder.hpp"
@@ -10,45 +14,75 @@ namespace station::ui {
 
 namespace {
 
-// "--name VALUE" or "--name=VALUE": the value, advancing i past it; nothing when `arg` is
-// not this option.
-std::optional<std::string> optionValue(const std::vector<std::string>& args, std::size_t& i, const std::string& name,
-                                       std::string& error) {
-    const std::string& arg = args[i];
-    if (arg == name) {
-        if (i + 1 >= args.size()) {
-            error = name + " needs a value";
-            return std::string();
-        }
-        return args[++i];
+struct Parsed {
+    ProgramOptions options;
+    bool clean = true;  // every argument was an option of ours
+};
+
+Parsed parse(const std::vector<std::string>& args) {
+    QCommandLineParser parser;
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    const QCommandLineOption help(QStringList{QStringLiteral("h"), QStringLiteral("help")});
+    const QCommandLineOption version(QStringLiteral("version"));
+    const QCommandLineOption port(QStringLiteral("port"), QString(), QStringLiteral("DEVICE"));
+    const QCommandLineOption definitions(QStringLiteral("definitions"), QString(), QStringLiteral("FOLDER"));
+    parser.addOptions({help, version, port, definitions});
+
+    QStringList argv{QStringLiteral("corvane-station")};
+    for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
+    Parsed out;
+    ProgramOptions& o = out.options;
+    out.clean = parser.parse(argv);
+    o.help = parser.isSet(help);
+    o.version = parser.isSet(version);
+    if (!out.clean) {
+        o.error = parser.errorText().toStdString();
+        return out;
     }
-    if (arg.rfind(name + "=", 0) == 0) return arg.substr(name.size() + 1);
-    return std::nullopt;
+    if (!parser.positionalArguments().isEmpty()) {
+        out.clean = false;
+        o.error = "unknown argument: " + parser.positionalArguments().constFirst().toStdString();
+        return out;
+    }
+    if (parser.isSet(port)) {
+        o.port = parser.value(port).toLocal8Bit().toStdString();
+        if (o.port->empty()) o.error = "--port needs a device";
+    }
+    if (parser.isSet(definitions)) {
+        const std::string folder = parser.value(definitions).toLocal8Bit().toStdString();
+        o.definitions = std::filesystem::path(folder);
+        if (folder.empty()) o.error = "--definitions needs a folder";
+    }
+    return out;
 }
 
 }  // namespace
 
-ProgramOptions parseProgramOptions(const std::vector<std::string>& args) {
-    ProgramOptions options;
-    for (std::size_t i = 0; i < args.size() && options.error.empty(); ++i) {
+ProgramOptions parseProgramOptions(const std::vector<std::string>& args) { return parse(args).options; }
+
+std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) {
+    static const std::vector<std::string> withValue = {
+        "platform", "platformpluginpath", "platformtheme", "plugin", "qwindowgeometry", "qwindowicon",
+        "qwindowtitle", "display", "geometry", "style", "stylesheet", "session", "name", "title", "visual"};
+    static const std::vector<std::string> flags = {"reverse", "widgetcount", "nograb", "dograb", "sync"};
+    auto is = [](const std::vector<std::string>& names, std::string_view arg) {
+        if (arg.size() < 2 || arg[0] != '-') return false;
+        arg.remove_prefix(arg[1] == '-' ? 2 : 1);
+        return std::find(names.begin(), names.end(), arg) != names.end();
+    };
+    std::vector<std::string> ours;
+    for (std::size_t i = 0; i < args.size(); ++i) {
         const std::string& arg = args[i];
-        if (arg == "--help" || arg == "-h") {
-            options.help = true;
-        } else if (auto port = optionValue(args, i, "--port", options.error)) {
-            if (options.error.empty() && port->empty()) options.error = "--port needs a device";
-            options.port = *port;
-        } else if (auto folder = optionValue(args, i, "--definitions", options.error)) {
-            if (options.error.empty() && folder->empty()) options.error = "--definitions needs a folder";
-            options.definitions = std::filesystem::path(*folder);
-        } else {
-            options.error = "unknown argument: " + arg;
-        }
+        if (is(withValue, arg)) ++i;  // and its value
+        else if (is(flags, arg)) continue;
+        else if (const auto eq = arg.find('='); !(eq != std::string::npos && is(withValue, arg.substr(0, eq))))
+            ours.push_back(arg);
     }
-    return options;
+    return ours;
 }
 
 std::string programHelp() {
-    return "Usage: corvane-station [--port DEVICE] [--definitions FOLDER]\n"
+    return "Usage: corvane-station [--port DEVICE] [--definitions FOLDER] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -58,10 +92,15 @@ std::string programHelp() {
            "                       without $CORVANE_PORT) the station runs on its built-in\n"
            "                       simulated camera line with the sample studio's cameras.\n"
            "  --definitions FOLDER the folder of the camera-type definitions (*.fcl);\n"
-           "                       otherwise the remembered folder, else the working\n"
-           "                       folder, else the samples shipped with the program.\n"
+           "                       otherwise the remembered folder (\"folder\" under\n"
+           "                       [definitions] in ~/.config/corvane-station/\n"
+           "                       corvane-station.conf), else the working folder, else\n"
+           "                       the samples shipped with the program.\n"
+           "  --version            show the program's version\n"
            "  --help               show this text\n";
 }
+
+std::string programVersion() { return std::string("corvane-station ") + STATION_VERSION + "\n"; }
 
 std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable) {
     if (options.port) return options.port;

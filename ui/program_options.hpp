@@ -1,7 +1,8 @@
 #pragma once
 // The desktop program's command line and the start-up choices that follow from it: which
 // serial device stands for port 1 (none: the built-in simulated camera line), and which
-// folder holds the camera-type definitions.
+// folder holds the camera-type definitions. The options are read with Qt's command-line
+// parser, which needs no display, so --help and --version are answered without one.
 
 #include <filesystem>
 #include <optional>
@@ -14,6 +15,7 @@ struct ProgramOptions {
     std::optional<std::string> port;                  // --port DEVICE
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
     bool help = false;
+    bool version = false;
     std::string error;  // not empty: the command line could not be read
 };
 
@@ -21,7 +23,13 @@ struct ProgramOptions {
 // value as the next argument or after "="; the last one given wins.
 ProgramOptions parseProgramOptions(const std::vector<std::string>& args);
 
+// The arguments without the options that Qt's windowing takes for itself (-platform NAME,
+// -style NAME, -reverse ...), so that the program's own options can be read, and wrong ones
+// reported, before the windowing system is opened.
+std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args);
+
 std::string programHelp();
+std::string programVersion();  // "corvane-station 0.13"
 
 // The device for port 1: --port, else $CORVANE_PORT when set and not empty (the variable
 // camera-sim tells its users to set); nothing means the built-in camera line.

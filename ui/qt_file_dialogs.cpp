@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
 
 #include "ui/file_filter.hpp"
 #include "ui/render.hpp"
@@ -32,6 +34,17 @@ std::optional<std::string> QtFileDialogs::openFile(const std::string& filter) {
 std::optional<std::string> QtFileDialogs::saveFile(const std::string& filter) {
     const ModalPause::Scope paused(pause_);
     return ask(QFileDialog::AcceptSave, QStringLiteral("Save As"), filter);
+}
+
+bool QtFileDialogs::confirmReplace(const std::string& path) {
+    const ModalPause::Scope paused(pause_);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Save As"),
+                    QStringLiteral("%1 already exists.\nDo you want to replace it?")
+                        .arg(QFileInfo(QFile::decodeName(path.c_str())).fileName()),
+                    QMessageBox::Yes | QMessageBox::No, QApplication::activeWindow());
+    box.setObjectName(QStringLiteral("replaceQuestion"));
+    box.setDefaultButton(QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
 }
 
 }  // namespace station::ui

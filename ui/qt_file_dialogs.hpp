@@ -1,7 +1,7 @@
 #pragma once
 // The setup data file dialogs as Qt file dialogs: the station's filter in Qt's form, a
-// cancel answered with nothing, and no question before a file is replaced (the save
-// itself never destroys the old file). The station's timers stand still meanwhile.
+// cancel answered with nothing, and the question before a file is replaced asked by the
+// station once it has the final name. The station's timers stand still meanwhile.
 
 #include "setupfile/file_dialogs.hpp"
 #include "ui/modal_pause.hpp"
@@ -13,6 +13,7 @@ public:
     explicit QtFileDialogs(ModalPause& pause) : pause_(pause) {}
     std::optional<std::string> openFile(const std::string& filter) override;
     std::optional<std::string> saveFile(const std::string& filter) override;
+    bool confirmReplace(const std::string& path) override;
 
 private:
     ModalPause& pause_;

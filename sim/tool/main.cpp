@@ -97,8 +97,8 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "camera-sim: %s\nTry 'camera-sim --help'.\n", e.what());
         return 2;
     }
-    if (options.help) {
-        std::cout << toolHelp();
+    if (options.help || options.version) {
+        std::cout << (options.help ? toolHelp() : toolVersion());
         return 0;
     }
     try {

@@ -42,6 +42,9 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         if (name == "--help" || name == "-h") {
             flag();
             out.help = true;
+        } else if (name == "--version") {
+            flag();
+            out.version = true;
         } else if (name == "--camera") {
             addCameraOption(value(), out.line);
             described = true;
@@ -74,7 +77,7 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
             throw std::invalid_argument(args[i] + ": unknown option");
         }
     }
-    if (out.help) return out;
+    if (out.help || out.version) return out;
     if (!described) {
         CameraSetup& first = out.line.at(1);
         first.present = true;
@@ -131,7 +134,10 @@ std::string toolHelp() {
            "                        (replaces an old link there, removed on exit)\n"
            "  --trace               show every transmission on standard error\n"
            "  --exit-after SECONDS  stop by itself after that long\n"
+           "  --version             show the program's version\n"
            "  --help                show this text\n";
 }
+
+std::string toolVersion() { return std::string("camera-sim ") + STATION_VERSION + "\n"; }
 
 }  // namespace station::sim

@@ -14,6 +14,7 @@ struct ToolOptions {
     std::string linkPath;             // --link: a symbolic link to the terminal
     bool trace = false;               // --trace: transmissions on standard error
     bool help = false;
+    bool version = false;
     std::optional<double> exitAfter;  // --exit-after: seconds
 };
 
@@ -22,5 +23,6 @@ struct ToolOptions {
 ToolOptions parseToolOptions(const std::vector<std::string>& args);
 
 std::string toolHelp();
+std::string toolVersion();  // "camera-sim 0.13"
 
 }  // namespace station::sim

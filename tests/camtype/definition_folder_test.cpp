@@ -8,16 +8,6 @@ namespace {
 
 using testing::TempFolder;
 
-TEST(DefinitionFolder, TheOptionInEitherFormTheLastOneWinning) {
-    using V = std::vector<std::string>;
-    EXPECT_EQ(definitionFolderOption(V{"station", "--definitions", "/opt/types"}), std::filesystem::path("/opt/types"));
-    EXPECT_EQ(definitionFolderOption(V{"station", "--definitions=/a b", "-x"}), std::filesystem::path("/a b"));
-    EXPECT_EQ(definitionFolderOption(V{"s", "--definitions=/one", "--definitions", "/two"}),
-              std::filesystem::path("/two"));
-    for (const V& without : {V{"s", "--definitions"}, V{"s", "--definitions="}, V{"s", "--definitionsX=/a", "/b"}})
-        EXPECT_FALSE(definitionFolderOption(without));
-}
-
 TEST(DefinitionFolder, SettingFileFromTheEnvironment) {
     EXPECT_EQ(rememberedSettingFile("/cfg", "/home/op"),
               std::filesystem::path("/cfg/corvane-station/definition-folder"));
@@ -27,12 +17,11 @@ TEST(DefinitionFolder, SettingFileFromTheEnvironment) {
     EXPECT_FALSE(rememberedSettingFile(nullptr, nullptr));
 }
 
-TEST(DefinitionFolder, RememberedFolderSurvivesARoundTrip) {
+TEST(DefinitionFolder, TheOldSettingFileNamesTheFolderInItsFirstLine) {
     TempFolder tmp;
-    const auto setting = tmp / "config/corvane-station/definition-folder";
-    EXPECT_FALSE(readRememberedFolder(setting));
-    ASSERT_TRUE(rememberFolder(setting, "/usr/share/corvane-station"));
-    EXPECT_EQ(readRememberedFolder(setting), std::filesystem::path("/usr/share/corvane-station"));
+    EXPECT_FALSE(readRememberedFolder(tmp / "definition-folder"));
+    tmp.write("lf", "/usr/share/corvane-station\n");
+    EXPECT_EQ(readRememberedFolder(tmp / "lf"), std::filesystem::path("/usr/share/corvane-station"));
 
     tmp.write("crlf", "C:\\Types\r\nignored\r\n");
     EXPECT_EQ(readRememberedFolder(tmp / "crlf"), std::filesystem::path("C:\\Types"));

@@ -171,3 +171,22 @@ TEST(DefinitionLoad, TablesAreOverwrittenNotCleared) {
 
 }  // namespace
 }  // namespace station
+
+namespace station {
+namespace {
+
+TEST(DefinitionLoad, AByteOrderMarkAtTheStartIsSkippedByTheLoadAndTheList) {
+    const std::string bom = "\xEF\xBB\xBF";
+    testing::TypeRig rig;
+    rig.types.loadDefinition(1, bom + testing::crlf({"[form control]", "GAIN=1"}));
+    rig.types.loadDefinition(2, "x" + bom + testing::crlf({"[form control]", "GAIN=1"}));
+    EXPECT_EQ(rig.tables.FormGain(1) * 10 + rig.tables.FormGain(2), 10);
+
+    rig.folder.write("a.fcl", bom + testing::crlf({"[camera type]", "CODE=A11"}));
+    rig.folder.write("b.fcl", bom + bom + testing::crlf({"[camera type]", "CODE=B22"}));
+    rig.list();
+    EXPECT_EQ(rig.List1.items(), (std::vector<std::string>{"delete", "A11", ""}));
+}
+
+}  // namespace
+}  // namespace station

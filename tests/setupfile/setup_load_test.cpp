@@ -100,3 +100,28 @@ TEST(SetupLoad, TheRowAfterTheLastStopsTheLoadWithTheCountIntact) {
 
 }  // namespace
 }  // namespace station
+
+namespace station {
+namespace {
+
+// Only one complete byte-order mark at the very start is skipped; anything else is text.
+TEST(SetupLoad, AByteOrderMarkAtTheStartIsSkipped) {
+    const std::string bom = "\xEF\xBB\xBF";
+    const struct {
+        std::string text;
+        Integer ackMode;
+    } cases[] = {
+        {bom + "[system]\r\nACK Check=1\r\n", 1},
+        {bom + bom + "[system]\r\nACK Check=1\r\n", 0},
+        {"\xEF\xBB[system]\r\nACK Check=1\r\n", 0},
+        {"[scene no]\r\n" + bom + "[system]\r\nACK Check=1\r\n", 0},
+    };
+    for (const auto& c : cases) {
+        testing::SetupRig rig;
+        rig.load(c.text);
+        EXPECT_EQ(rig.shared.AckMode, c.ackMode) << ::testing::PrintToString(c.text);
+    }
+}
+
+}  // namespace
+}  // namespace station

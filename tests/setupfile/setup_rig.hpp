@@ -14,9 +14,11 @@
 namespace station::testing {
 
 // Writes to disk, except that on cue the disk fills up after some bytes (the part written
-// so far stays in the file, as on a real full disk) or the final rename is refused.
+// so far stays in the file, as on a real full disk) or one step of the save fails.
 class FlakyWriter : public FileWriter {
 public:
+    enum class Step { None, Backup, Flush, Rename };
+
     void writeWhole(const std::filesystem::path& path, std::string_view bytes) override {
         written.push_back(path);
         if (diskFullAfter && *diskFullAfter < bytes.size()) {
@@ -25,14 +27,26 @@ public:
         }
         disk.writeWhole(path, bytes);
     }
+    void flushToDisk(const std::filesystem::path& path) override {
+        if (failAt == Step::Flush) throw SaveError("Input/output error");
+        disk.flushToDisk(path);
+    }
+    void copyWhole(const std::filesystem::path& from, const std::filesystem::path& to) override {
+        if (failAt == Step::Backup) {
+            disk.writeWhole(to, "half");
+            throw SaveError("No space left on device");
+        }
+        disk.copyWhole(from, to);
+    }
     void replace(const std::filesystem::path& from, const std::filesystem::path& to) override {
-        if (refuseRename) throw SaveError("Permission denied");
+        if (failAt == Step::Rename) throw SaveError("Permission denied");
         disk.replace(from, to);
     }
+    void flushFolder(const std::filesystem::path& folder) noexcept override { disk.flushFolder(folder); }
     void discard(const std::filesystem::path& path) noexcept override { disk.discard(path); }
 
     std::optional<std::size_t> diskFullAfter;
-    bool refuseRename = false;
+    Step failAt = Step::None;
     std::vector<std::filesystem::path> written;
     DiskWriter disk;
 };

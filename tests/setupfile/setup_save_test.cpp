@@ -136,16 +136,21 @@ TEST(SetupSave, SaveWithoutAFileAsksForOneAndACancelSavesNothing) {
 }
 
 TEST(SetupSave, AFailedSaveLeavesThePreviousFileAsItWasAndSaysWhy) {
+    using Step = testing::FlakyWriter::Step;
     const struct {
         const char* name;
         std::function<void(SetupRig&)> spoil;
         const char* reason;
+        bool backedUp;
     } cases[] = {
-        {"full disk", [](SetupRig& r) { r.writer.diskFullAfter = 1000; }, "No space left on device"},
-        {"refused rename", [](SetupRig& r) { r.writer.refuseRename = true; }, "Permission denied"},
+        {"backup", [](SetupRig& r) { r.writer.failAt = Step::Backup; },
+         "the previous version could not be kept as *.bak: No space left on device", false},
+        {"full disk", [](SetupRig& r) { r.writer.diskFullAfter = 1000; }, "No space left on device", true},
+        {"flush", [](SetupRig& r) { r.writer.failAt = Step::Flush; }, "Input/output error", true},
+        {"refused rename", [](SetupRig& r) { r.writer.failAt = Step::Rename; }, "Permission denied", true},
         // The name the new content would take is held by a folder: creating it fails for any user.
         {"held name", [](SetupRig& r) { std::filesystem::create_directory(r.folder / "studio.csd.tmp"); },
-         "Is a directory"},
+         "Is a directory", true},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
@@ -157,9 +162,15 @@ TEST(SetupSave, AFailedSaveLeavesThePreviousFileAsItWasAndSaysWhy) {
         c.spoil(rig);
         rig.file.CsdSave();
         EXPECT_EQ(readBytes(target), before);
+        if (c.backedUp) {
+            EXPECT_EQ(readBytes(rig.folder / "studio.csd.bak"), before);
+        }
         EXPECT_FALSE(std::filesystem::is_regular_file(rig.folder / "studio.csd.tmp"));
         ASSERT_EQ(rig.messages.shown.size(), 1U);
-        EXPECT_EQ(rig.messages.shown[0].text, std::string("The setup data file could not be saved: ") + c.reason);
+        std::string reason = c.reason;
+        if (const auto star = reason.find('*'); star != std::string::npos)
+            reason.replace(star, 1, (rig.folder / "studio.csd").string());
+        EXPECT_EQ(rig.messages.shown[0].text, "The setup data file could not be saved: " + reason);
         EXPECT_EQ(rig.messages.shown[0].icon, Icon::Exclamation);
     }
     SetupRig rig;
@@ -168,6 +179,81 @@ TEST(SetupSave, AFailedSaveLeavesThePreviousFileAsItWasAndSaysWhy) {
     EXPECT_EQ(rig.messages.texts(),
               std::vector<std::string>{"The setup data file could not be saved: No such file or directory"});
     EXPECT_FALSE(std::filesystem::exists(rig.folder / "gone"));
+}
+
+}  // namespace
+}  // namespace station
+
+namespace station {
+namespace {
+
+TEST(SetupSave, ReplacingKeepsThePreviousVersionAndSaysWhereWhenItWasNoSetupFile) {
+    const struct {
+        const char* name;
+        const char* previous;
+        bool told;
+    } cases[] = {
+        {"setup data", "[system]\r\nACK Check=1\r\n", false},
+        {"setup data after a byte-order mark", "\xEF\xBB\xBF[system]\r\n", false},
+        {"another file", "64 KB of something else\n", true},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.name);
+        SetupRig rig;
+        std::vector<std::string> notices;
+        std::vector<std::string> used;
+        rig.file.Notify = [&](const std::string& text) { notices.push_back(text); };
+        rig.file.FileUsed = [&](const std::string& path) { used.push_back(path); };
+        const auto target = rig.folder.write("studio.csd", c.previous);
+        rig.folder.write("studio.csd.tmp", "left by a save that was cut short");
+        rig.file.FileName = target.string();
+        rig.file.CsdSave();
+        EXPECT_TRUE(rig.messages.shown.empty());
+        EXPECT_EQ(readBytes(target).substr(0, 10), "[system]\r\n");
+        EXPECT_EQ(readBytes(rig.folder / "studio.csd.bak"), c.previous);
+        EXPECT_FALSE(std::filesystem::exists(rig.folder / "studio.csd.tmp"));
+        EXPECT_EQ(used, std::vector<std::string>{target.string()});
+        const std::vector<std::string> told{"The replaced file did not look like setup data; its previous content "
+                                            "is kept in " + target.string() + ".bak"};
+        EXPECT_EQ(notices, c.told ? told : std::vector<std::string>{});
+    }
+    SetupRig fresh;  // a new file has no previous version to keep
+    fresh.file.FileName = (fresh.folder / "new.csd").string();
+    fresh.file.CsdSave();
+    EXPECT_FALSE(std::filesystem::exists(fresh.folder / "new.csd.bak"));
+}
+
+TEST(SetupSave, SaveAsAddsTheExtensionAndAsksBeforeReplacing) {
+    for (const auto& [typed, saved] : std::vector<std::pair<std::string, std::string>>{
+             {"studio", "studio.csd"}, {"studio.csd", "studio.csd"}, {"STUDIO.CSD", "STUDIO.CSD"},
+             {"studio.v2", "studio.v2.csd"}, {"studio.", "studio..csd"}}) {
+        SCOPED_TRACE(typed);
+        SetupRig rig;
+        rig.dialogs.saveAnswer = (rig.folder / typed).string();
+        rig.file.SAVE_AS_Click();
+        EXPECT_EQ(rig.file.FileName, (rig.folder / saved).string());
+        EXPECT_TRUE(std::filesystem::is_regular_file(rig.folder / saved));
+    }
+
+    SetupRig rig;
+    const auto existing = rig.folder.write("studio.csd", "[system]\r\nACK Check=1\r\nkept as it is\r\n");
+    rig.file.FileName = "before.csd";
+    bool renamed = false;
+    rig.file.FileNameChanged = [&] { renamed = true; };
+    rig.dialogs.saveAnswer = (rig.folder / "studio").string();
+    rig.dialogs.replaceAnswer = false;
+    rig.file.SAVE_AS_Click();
+    EXPECT_EQ(rig.dialogs.calls.back(), "replace? " + existing.string());
+    EXPECT_EQ(readBytes(existing), "[system]\r\nACK Check=1\r\nkept as it is\r\n");
+    EXPECT_FALSE(std::filesystem::exists(rig.folder / "studio.csd.bak"));
+    EXPECT_EQ(rig.file.FileName, "before.csd");
+    EXPECT_FALSE(renamed);
+
+    rig.dialogs.replaceAnswer = true;
+    rig.file.SAVE_AS_Click();
+    EXPECT_EQ(rig.file.FileName, existing.string());
+    EXPECT_TRUE(renamed);
+    EXPECT_NE(readBytes(existing), readBytes(rig.folder / "studio.csd.bak"));
 }
 
 }  // namespace

@@ -19,8 +19,13 @@ public:
         calls.push_back("save " + filter);
         return saveAnswer;
     }
+    bool confirmReplace(const std::string& path) override {
+        calls.push_back("replace? " + path);
+        return replaceAnswer;
+    }
     std::optional<std::string> openAnswer;  // nothing = the operator cancels
     std::optional<std::string> saveAnswer;
+    bool replaceAnswer = true;
     std::vector<std::string> calls;
 };
 

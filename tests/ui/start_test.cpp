@@ -19,6 +19,7 @@ class NoDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
     std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
 };
 
 }  // namespace
@@ -37,9 +38,16 @@ private slots:
         QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS1"));  // the last one wins
 
         QVERIFY(parseProgramOptions({"--help"}).help);
-        QCOMPARE(parseProgramOptions({"--port"}).error, std::string("--port needs a value"));
+        QVERIFY(parseProgramOptions({"--version"}).version);
+        QCOMPARE(parseProgramOptions({"--port"}).error, std::string("Missing value after '--port'."));
+        QCOMPARE(parseProgramOptions({"--speed", "x"}).error, std::string("Unknown option 'speed'."));
         QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
         QCOMPARE(parseProgramOptions({"/dev/ttyS0"}).error, std::string("unknown argument: /dev/ttyS0"));
+
+        // Qt's own options are left to Qt; the rest is ours, read before a display is opened.
+        QCOMPARE(withoutQtOptions({"-platform", "offscreen", "--port", "/dev/x", "-reverse", "--style=Fusion", "-x"}),
+                 (std::vector<std::string>{"--port", "/dev/x", "-x"}));
+        QCOMPARE(programVersion(), std::string("corvane-station " STATION_VERSION "\n"));
     }
 
     void portComesFromTheOptionThenTheEnvironmentElseTheBuiltInLine() {

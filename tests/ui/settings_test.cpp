@@ -1,0 +1,116 @@
+// What the desktop program remembers between runs: the settings round trip, the recent
+// files menu, the windows' places and the temporary file an interrupted save left behind.
+#include <QMenu>
+#include <QSettings>
+#include <QStatusBar>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <fstream>
+
+#include "tests/support/fake_messages.hpp"
+#include "tests/support/fake_port.hpp"
+#include "ui/main_window.hpp"
+#include "ui/remembered_session.hpp"
+
+using namespace station;
+using namespace station::ui;
+
+namespace {
+
+class SaveNowhere : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
+};
+
+std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
+
+}  // namespace
+
+class SettingsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void rememberedSettingsRoundTripThroughTheSettingsFile() {
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("corvane-station.conf"));
+        const std::string oldFile = inDir(dir, "definition-folder");
+        std::ofstream(oldFile) << "/opt/types\n";
+        {
+            QSettings qs(file, QSettings::IniFormat);
+            RememberedSettings s(qs);
+            for (int i = 1; i <= 10; ++i) s.fileUsed("/studio/" + std::to_string(i) + ".csd");
+            s.fileUsed("/studio/5.csd");  // used again: back to the head, listed once
+            s.forgetFile("/studio/9.csd");
+            s.takeOldDefinitionFolder(oldFile);
+            s.setWindowPlace(QStringLiteral("Form2"), QByteArray("place"));
+        }
+        QSettings qs(file, QSettings::IniFormat);
+        RememberedSettings s(qs);
+        QCOMPARE(s.recentFiles(), (std::vector<std::string>{"/studio/5.csd", "/studio/10.csd", "/studio/8.csd",
+                                                            "/studio/7.csd", "/studio/6.csd", "/studio/4.csd",
+                                                            "/studio/3.csd"}));
+        QCOMPARE(s.definitionFolder(), std::optional<std::filesystem::path>("/opt/types"));
+        QCOMPARE(s.windowPlace(QStringLiteral("Form2")), QByteArray("place"));
+        QVERIFY(s.windowPlace(QStringLiteral("Form6")).isEmpty());
+
+        // The old file is read once: a later change to it is not taken.
+        std::ofstream(oldFile) << "/elsewhere\n";
+        qs.remove(QStringLiteral("definitions/folder"));
+        s.takeOldDefinitionFolder(oldFile);
+        QVERIFY(!s.definitionFolder());
+    }
+
+    void recentFilesOpenAgainAndWindowsGoBackWhereTheyWere() {
+        QTemporaryDir dir;
+        QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
+        RememberedSettings remembered(qs);
+        const std::string studio = inDir(dir, "studio.csd");
+        QVERIFY(QFile::copy(QStringLiteral(STATION_SAMPLES_DIR "/studio.csd"), QString::fromStdString(studio)));
+        std::ofstream(studio + ".tmp") << "cut short";
+        remembered.fileUsed(inDir(dir, "gone.csd"));
+        remembered.fileUsed(studio);
+        remembered.setWindowPlace(QStringLiteral("Form2"), QByteArray());
+
+        testing::FakePort port;
+        testing::FakeMessages messages;
+        SaveNowhere plain;
+        PresetOpenDialogs dialogs(plain);
+        DiskWriter writer;
+        ModalPause modal;
+        Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
+        StationView view(station, modal);
+        station.Form_Load();
+        QRect place;
+        {
+            const RememberedSession session(remembered, view, station, dialogs, writer);
+            view.refresh();
+            QVERIFY(!QFile::exists(QString::fromStdString(studio + ".tmp")));
+            QMenu& menu = const_cast<RememberedSession&>(session).recentFiles().menu();
+            emit menu.aboutToShow();
+            QCOMPARE(menu.actions().size(), 2);
+            QCOMPARE(menu.actions()[0]->text(), QStringLiteral("&1 ") + QString::fromStdString(studio));
+
+            menu.actions()[0]->trigger();
+            QCOMPARE(station.setupFile.FileName, studio);
+            QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
+            QCOMPARE(station.form1.form.Caption, std::string("studio.csd - Camera Control"));
+
+            menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
+            QCOMPARE(station.setupFile.FileName, studio);
+            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QStringLiteral("gone.csd was not found")));
+            QCOMPARE(remembered.recentFiles(), std::vector<std::string>{studio});
+
+            view.mainWindow().setGeometry(40, 50, 900, 600);
+            place = view.mainWindow().geometry();
+        }
+        StationView again(station, modal);
+        const RememberedSession restored(remembered, again, station, dialogs, writer);
+        QCOMPARE(again.mainWindow().geometry(), place);
+    }
+};
+
+QTEST_MAIN(SettingsTest)
+#include "settings_test.moc"
