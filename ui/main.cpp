@@ -89,7 +89,6 @@ int main(int argc, char** argv) {
         std::cerr << "corvane-station: built-in simulated camera line with the cameras of " << studio.string()
                   << "\n";
     }
-    std::cerr << "corvane-station: camera types from " << definitions.string() << "\n";
 
     SerialPort& port = serial ? static_cast<SerialPort&>(*serial) : line->port();
     Station station({port, messages, dialogs, writer, definitions});
@@ -105,6 +104,8 @@ int main(int argc, char** argv) {
     } catch (const std::exception& e) {
         return startFailed("The serial port could not be opened: " + std::string(e.what()));
     }
+    std::cerr << "corvane-station: " << station.types.TypeFile(0) << " camera types from " << definitions.string()
+              << "\n";
     if (line) openStudio(station, dialogs, studio);
     // Only now, so that the sample studio does not join the recent files.
     const RememberedSession session(remembered, view, station, dialogs, writer);
