@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# Builds the station and starts the desktop program. Without arguments it runs on its
-# built-in simulated camera line (the sample studio's cameras); arguments are passed on,
-# e.g. scripts/run.sh --port /dev/ttyUSB0, or the terminal path that camera-sim prints.
+# Builds the station and the standalone camera line (camera-sim), then starts the desktop
+# program. Without arguments it runs on its built-in simulated camera line (the sample
+# studio's cameras); arguments are passed on, e.g. scripts/run.sh --port /dev/ttyUSB0, or
+# the terminal path that camera-sim prints.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/install-deps.sh"
@@ -9,10 +10,14 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 build="$root/build/gcc"
 cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_COMPILER=g++ -DSTATION_UI=ON >/dev/null
-cmake --build "$build" -j "$(nproc)" --target corvane-station
+cmake --build "$build" -j "$(nproc)" --target corvane-station camera-sim
+# The station is a desktop program: without a screen to draw on, a virtual one (Xvfb) would
+# show its window to nobody, so none is installed.
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then
-  echo "run.sh: no display to show the station on (DISPLAY is not set); on a machine without" >&2
-  echo "one, start it under Xvfb: xvfb-run -a $build/ui/corvane-station" >&2
+  echo "run.sh: the station is built, but it needs a desktop session to show its window," >&2
+  echo "and this shell has none (neither DISPLAY nor WAYLAND_DISPLAY is set)." >&2
+  echo "Run scripts/run.sh from a terminal inside your desktop, or over 'ssh -X'." >&2
+  echo "The program is $build/ui/corvane-station; camera-sim is $build/sim/camera-sim." >&2
   exit 1
 fi
 exec "$build/ui/corvane-station" "$@"

@@ -1,0 +1,73 @@
+// station-screenshot: the main window as an operator first sees it, saved as a PNG for the
+// README. It starts the station on its built-in camera line with the sample studio opened,
+// reads camera 1's page, lets the line run for a moment, and saves the window. Not installed; see
+// scripts/screenshot.sh.
+#include <QApplication>
+#include <QTimer>
+
+#include <iostream>
+
+#include "app/station.hpp"
+#include "setupfile/file_writer.hpp"
+#include "ui/builtin_line.hpp"
+#include "ui/main_window.hpp"
+#include "ui/modal_pause.hpp"
+#include "ui/program_options.hpp"
+#include "ui/station_view.hpp"
+
+namespace {
+
+using namespace station;
+
+// Any message during the run is printed, not shown, so that nothing waits for a click.
+class PrintedMessages : public MessageSink {
+public:
+    void show(const std::string& text, Icon) override { std::cerr << "station-screenshot: message: " << text << "\n"; }
+};
+
+class NoDialogs : public FileDialogs {
+public:
+    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    if (argc != 2) {
+        std::cerr << "usage: station-screenshot OUTPUT.png\n";
+        return 2;
+    }
+    const auto samples = ui::samplesFolder(QCoreApplication::applicationDirPath().toStdString());
+    if (!samples) {
+        std::cerr << "station-screenshot: the sample studio was not found\n";
+        return 1;
+    }
+    ui::BuiltinLine line(*samples / "studio.csd");
+    PrintedMessages messages;
+    NoDialogs plain;
+    ui::PresetOpenDialogs dialogs(plain);
+    DiskWriter writer;
+    ui::ModalPause modal;
+    Station station({line.port(), messages, dialogs, writer, *samples});
+    ui::StationView view(station, modal, [&line] { line.advance(); });
+    station.Form_Load();
+    ui::openStudio(station, dialogs, *samples / "studio.csd");
+    view.refresh();
+    // A page read, so that the line shows the camera talking.
+    view.forward([&station] { station.pages.READ_Click(); });
+
+    int result = 0;
+    QTimer::singleShot(1500, [&] {
+        if (!view.mainWindow().grab().save(QString::fromLocal8Bit(argv[1]))) {
+            std::cerr << "station-screenshot: cannot write " << argv[1] << "\n";
+            result = 1;
+        }
+        QCoreApplication::quit();
+    });
+    app.exec();
+    return result;
+}
