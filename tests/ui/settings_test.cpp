@@ -85,10 +85,10 @@ private slots:
         station.Form_Load();
         QRect place;
         {
-            const RememberedSession session(remembered, view, station, dialogs, writer);
+            RememberedSession session(remembered, view, station, dialogs, writer);
             view.refresh();
             QVERIFY(!QFile::exists(QString::fromStdString(studio + ".tmp")));
-            QMenu& menu = const_cast<RememberedSession&>(session).recentFiles().menu();
+            QMenu& menu = session.recentFiles().menu();
             emit menu.aboutToShow();
             QCOMPARE(menu.actions().size(), 2);
             QCOMPARE(menu.actions()[0]->text(), QStringLiteral("&1 ") + QString::fromStdString(studio));
@@ -96,7 +96,7 @@ private slots:
             menu.actions()[0]->trigger();
             QCOMPARE(station.setupFile.FileName, studio);
             QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
-            QCOMPARE(station.form1.form.Caption, std::string("studio.csd - Camera Control"));
+            QCOMPARE(view.mainWindow().windowTitle(), QStringLiteral("studio.csd - Camera Control"));
 
             menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
             QCOMPARE(station.setupFile.FileName, studio);
