@@ -139,25 +139,3 @@ TEST(ErrorBoundary, AFailedActionLeavesThePanelLive) {
 
 }  // namespace
 }  // namespace station
-
-namespace station {
-namespace {
-
-TEST(SetupFileMenu, TheTitleNamesTheCurrentFileAndNoticesReachTheOperator) {
-    testing::StationRig rig;
-    EXPECT_EQ(rig.station.form1.form.Caption, "Camera Control");
-    std::vector<std::string> shown;
-    rig.station.notice.shown = [&](const std::string& text) { shown.push_back(text); };
-    const auto other = rig.folder.write("notes.csd", "not setup data\r\n");
-    rig.dialogs.saveAnswer = (rig.folder / "notes").string();
-    rig.station.SAVE_AS_Click();
-    EXPECT_EQ(rig.station.form1.form.Caption, "notes.csd - Camera Control");
-    ASSERT_EQ(shown.size(), 1U);
-    EXPECT_EQ(shown[0], rig.station.notice.last());
-    EXPECT_NE(shown[0].find(other.string() + ".bak"), std::string::npos);
-    rig.station.setupFile.setFileName("");
-    EXPECT_EQ(rig.station.form1.form.Caption, "Camera Control");
-}
-
-}  // namespace
-}  // namespace station

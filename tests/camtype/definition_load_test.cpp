@@ -178,8 +178,9 @@ namespace {
 TEST(DefinitionLoad, AByteOrderMarkAtTheStartIsSkippedByTheLoadAndTheList) {
     const std::string bom = "\xEF\xBB\xBF";
     testing::TypeRig rig;
-    rig.types.loadDefinition(1, bom + testing::crlf({"[form control]", "GAIN=1"}));
-    rig.types.loadDefinition(2, "x" + bom + testing::crlf({"[form control]", "GAIN=1"}));
+    const std::string gain = testing::crlf({"[form control]", "GAIN=1"});
+    rig.types.loadDefinition(1, bom + gain);
+    rig.types.loadDefinition(2, "x" + bom + gain);
     EXPECT_EQ(rig.tables.FormGain(1) * 10 + rig.tables.FormGain(2), 10);
 
     rig.folder.write("a.fcl", bom + testing::crlf({"[camera type]", "CODE=A11"}));

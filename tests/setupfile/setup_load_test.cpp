@@ -106,20 +106,12 @@ namespace {
 
 // Only one complete byte-order mark at the very start is skipped; anything else is text.
 TEST(SetupLoad, AByteOrderMarkAtTheStartIsSkipped) {
-    const std::string bom = "\xEF\xBB\xBF";
-    const struct {
-        std::string text;
-        Integer ackMode;
-    } cases[] = {
-        {bom + "[system]\r\nACK Check=1\r\n", 1},
-        {bom + bom + "[system]\r\nACK Check=1\r\n", 0},
-        {"\xEF\xBB[system]\r\nACK Check=1\r\n", 0},
-        {"[scene no]\r\n" + bom + "[system]\r\nACK Check=1\r\n", 0},
-    };
-    for (const auto& c : cases) {
+    const std::string bom = "\xEF\xBB\xBF", system = "[system]\r\nACK Check=1\r\n";
+    for (const auto& [text, ackMode] : std::vector<std::pair<std::string, int>>{
+             {bom + system, 1}, {bom + bom + system, 0}, {"\xEF\xBB" + system, 0}, {"[end]\r\n" + bom + system, 0}}) {
         testing::SetupRig rig;
-        rig.load(c.text);
-        EXPECT_EQ(rig.shared.AckMode, c.ackMode) << ::testing::PrintToString(c.text);
+        rig.load(text);
+        EXPECT_EQ(rig.shared.AckMode, ackMode) << ::testing::PrintToString(text);
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include <fstream>
 
+#include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
 #include "ui/main_window.hpp"
@@ -17,13 +18,6 @@ using namespace station;
 using namespace station::ui;
 
 namespace {
-
-class SaveNowhere : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
 
 std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
 
@@ -54,7 +48,6 @@ private slots:
                                                             "/studio/3.csd"}));
         QCOMPARE(s.definitionFolder(), std::optional<std::filesystem::path>("/opt/types"));
         QCOMPARE(s.windowPlace(QStringLiteral("Form2")), QByteArray("place"));
-        QVERIFY(s.windowPlace(QStringLiteral("Form6")).isEmpty());
 
         // The old file is read once: a later change to it is not taken.
         std::ofstream(oldFile) << "/elsewhere\n";
@@ -72,11 +65,10 @@ private slots:
         std::ofstream(studio + ".tmp") << "cut short";
         remembered.fileUsed(inDir(dir, "gone.csd"));
         remembered.fileUsed(studio);
-        remembered.setWindowPlace(QStringLiteral("Form2"), QByteArray());
 
         testing::FakePort port;
         testing::FakeMessages messages;
-        SaveNowhere plain;
+        testing::FakeDialogs plain;
         PresetOpenDialogs dialogs(plain);
         DiskWriter writer;
         ModalPause modal;
