@@ -14,11 +14,14 @@
 #include "common/runtime_error.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/builtin_line.hpp"
+#include "ui/main_window.hpp"
 #include "ui/modal_pause.hpp"
 #include "ui/program_options.hpp"
 #include "ui/qt_file_dialogs.hpp"
 #include "ui/qt_messages.hpp"
 #include "ui/qt_serial_port.hpp"
+#include "ui/remote_control.hpp"
+#include "ui/remote_menu.hpp"
 #include "ui/station_view.hpp"
 
 namespace {
@@ -45,16 +48,20 @@ int startFailed(const std::string& what) {
 int main(int argc, char** argv) {
     // Help needs no display, so it is answered before the windowing system is opened.
     if (asksForHelp(argc, argv)) {
-        std::cout << programHelp();
+        std::cout << programHelp() << remoteHelp();
         return 0;
     }
     QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
     QApplication::setApplicationName(QStringLiteral("corvane-station"));
     QApplication::setStyle(QStringLiteral("Fusion"));
 
-    const ProgramOptions options = parseProgramOptions(std::vector<std::string>(argv + 1, argv + argc));
-    if (!options.error.empty()) {
-        std::cerr << "corvane-station: " << options.error << "\n\n" << programHelp();
+    std::vector<std::string> args(argv + 1, argv + argc);
+    std::string remoteError;
+    const RemoteSettings remoteSettings = takeRemoteOptions(args, remoteError);
+    const ProgramOptions options = parseProgramOptions(args);
+    if (!options.error.empty() || !remoteError.empty()) {
+        std::cerr << "corvane-station: " << (remoteError.empty() ? options.error : remoteError) << "\n\n"
+                  << programHelp() << remoteHelp();
         return 2;
     }
 
@@ -71,6 +78,7 @@ int main(int argc, char** argv) {
     QtMessages messages(modal);
     QtFileDialogs qtDialogs(modal);
     PresetOpenDialogs dialogs(qtDialogs);
+    remote::PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
     std::unique_ptr<QtSerialPort> serial;
@@ -93,7 +101,7 @@ int main(int argc, char** argv) {
     std::cerr << "corvane-station: camera types from " << definitions.string() << "\n";
 
     SerialPort& port = serial ? static_cast<SerialPort&>(*serial) : line->port();
-    Station station({port, messages, dialogs, writer, definitions});
+    Station station({port, messages, remoteDialogs, writer, definitions});
     std::function<void()> beforePoll;
     if (line) beforePoll = [&line] { line->advance(); };
     StationView view(station, modal, beforePoll);
@@ -109,5 +117,11 @@ int main(int argc, char** argv) {
     if (line) openStudio(station, dialogs, studio);
     view.refresh();
     if (station.ended()) return 0;
+
+    RemoteControl remote(station, remoteDialogs, remoteSettings, [&view] { view.refresh(); },
+                         [&modal] { return modal.depth > 0; });
+    if (remoteSettings.enabled && !remote.setEnabled(true))
+        std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
+    installRemoteMenu(view.mainWindow(), remote);
     return app.exec();
 }
