@@ -90,7 +90,8 @@ bool Session::run(const std::string& line) {
             words.end();
             return pageOf(verb, cameras);
         }
-        if (verb == "auto" && words.take("command").size() && !words.done()) {
+        if (verb == "auto") {
+            words.take("command");
             const std::string which = words.take("white or black");
             const std::string camera = words.done() ? "" : words.take("camera");
             words.end();

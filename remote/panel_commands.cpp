@@ -55,7 +55,7 @@ void addPanelCommands(CommandSet& commands) {
     Station& s = commands.station();
     Form1& form = s.form1;
 
-    commands.add({"camera", "camera N|group", true, [c, &s, &form](Words& w) {
+    commands.add({"camera", "camera N|group", true, [c, &form](Words& w) {
         const std::string word = w.take("camera");
         const int camera = lower(word) == "group" ? 0 : buttonOf(form.Option9, word, "camera");
         w.end();
@@ -63,7 +63,6 @@ void addPanelCommands(CommandSet& commands) {
         // A ticked COPY would turn the press into a copy onto that camera.
         if (form.CamCopy.value() == 1) throw CommandError("COPY is ticked on the panel");
         c->gesture([&form, camera] { form.Option9.click(camera); });
-        (void)s;
         return std::string();
     }});
 
