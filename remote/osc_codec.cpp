@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 
 #include "remote/command_words.hpp"
@@ -29,18 +30,34 @@ Packet serialise(lo_message m, const std::string& address) {
     return packet;
 }
 
+// An argument's value. liblo's argument pointers are only 4-byte aligned inside the
+// message, so 64-bit values are copied out rather than read through the union.
+template <typename T>
+T value(const lo_arg* arg) {
+    T v;
+    std::memcpy(&v, static_cast<const void*>(arg), sizeof v);
+    return v;
+}
+
+const char* text(const lo_arg* arg) { return reinterpret_cast<const char*>(arg); }
+
+std::optional<std::string> rounded(double v) {
+    if (!std::isfinite(v) || std::fabs(v) > 1e9) return std::nullopt;
+    return std::to_string(std::lround(v));
+}
+
 // One argument as a command word; nothing for a type commands cannot take.
 std::optional<std::string> word(char type, const lo_arg* arg) {
     switch (type) {
-    case LO_INT32: return std::to_string(arg->i);
-    case LO_INT64: return std::to_string(arg->h);
-    case LO_FLOAT: return std::isfinite(arg->f) ? std::optional(std::to_string(std::lround(arg->f))) : std::nullopt;
-    case LO_DOUBLE: return std::isfinite(arg->d) ? std::optional(std::to_string(std::lround(arg->d))) : std::nullopt;
+    case LO_INT32: return std::to_string(value<std::int32_t>(arg));
+    case LO_INT64: return std::to_string(value<std::int64_t>(arg));
+    case LO_FLOAT: return rounded(value<float>(arg));
+    case LO_DOUBLE: return rounded(value<double>(arg));
     case LO_TRUE: return "on";
     case LO_FALSE: return "off";
     case LO_STRING:
     case LO_SYMBOL: {
-        const std::string s = &arg->s;
+        const std::string s = text(arg);
         return s.find(' ') == std::string::npos ? s : "\"" + s + "\"";
     }
     default: return std::nullopt;
@@ -118,15 +135,15 @@ std::optional<std::string> describeOsc(const Packet& packet) {
     int result = 0;
     const Message m(copy.empty() ? nullptr : lo_message_deserialise(copy.data(), copy.size(), &result));
     if (!m || result != 0) return std::nullopt;
-    std::string text = reinterpret_cast<const char*>(copy.data());
+    std::string out = reinterpret_cast<const char*>(copy.data());
     const char* types = lo_message_get_types(m.get());
     lo_arg** argv = lo_message_get_argv(m.get());
     for (int i = 0; i < lo_message_get_argc(m.get()); ++i) {
-        if (types[i] == LO_INT32) text += " " + std::to_string(argv[i]->i);
-        else if (types[i] == LO_STRING) text += " " + std::string(&argv[i]->s);
-        else text += std::string(" ?") + types[i];
+        if (types[i] == LO_INT32) out += " " + std::to_string(value<std::int32_t>(argv[i]));
+        else if (types[i] == LO_STRING) out += " " + std::string(text(argv[i]));
+        else out += std::string(" ?") + types[i];
     }
-    return text;
+    return out;
 }
 
 }  // namespace station::remote
