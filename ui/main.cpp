@@ -15,12 +15,15 @@
 #include "common/runtime_error.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/builtin_line.hpp"
+#include "ui/main_window.hpp"
 #include "ui/modal_pause.hpp"
 #include "ui/program_options.hpp"
 #include "ui/qt_file_dialogs.hpp"
 #include "ui/qt_messages.hpp"
 #include "ui/qt_serial_port.hpp"
 #include "ui/remembered_session.hpp"
+#include "ui/remote_control.hpp"
+#include "ui/remote_menu.hpp"
 #include "ui/station_view.hpp"
 
 namespace {
@@ -39,14 +42,17 @@ int startFailed(const std::string& what) {
 int main(int argc, char** argv) {
     // The options are read before the windowing system is opened, so that help, the version and
     // a wrong option are answered without a display.
-    const ProgramOptions options =
-        parseProgramOptions(withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc)));
+    std::vector<std::string> args = withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc));
+    std::string remoteError;
+    const RemoteSettings remoteSettings = takeRemoteOptions(args, remoteError);
+    const ProgramOptions options = parseProgramOptions(args);
     if (options.help || options.version) {
-        std::cout << (options.help ? programHelp() : programVersion());
+        std::cout << (options.help ? programHelp() + remoteHelp() : programVersion());
         return 0;
     }
-    if (!options.error.empty()) {
-        std::cerr << "corvane-station: " << options.error << "\n\n" << programHelp();
+    if (!options.error.empty() || !remoteError.empty()) {
+        std::cerr << "corvane-station: " << (remoteError.empty() ? options.error : remoteError) << "\n\n"
+                  << programHelp() << remoteHelp();
         return 2;
     }
     QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
@@ -70,6 +76,7 @@ int main(int argc, char** argv) {
     QtMessages messages(modal);
     QtFileDialogs qtDialogs(modal);
     PresetOpenDialogs dialogs(qtDialogs);
+    remote::PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
     std::unique_ptr<QtSerialPort> serial;
@@ -91,7 +98,7 @@ int main(int argc, char** argv) {
     }
 
     SerialPort& port = serial ? static_cast<SerialPort&>(*serial) : line->port();
-    Station station({port, messages, dialogs, writer, definitions});
+    Station station({port, messages, remoteDialogs, writer, definitions});
     std::function<void()> beforePoll;
     if (line) beforePoll = [&line] { line->advance(); };
     StationView view(station, modal, beforePoll);
@@ -111,5 +118,11 @@ int main(int argc, char** argv) {
     const RememberedSession session(remembered, view, station, dialogs, writer);
     view.refresh();
     if (station.ended()) return 0;
+
+    RemoteControl remote(station, remoteDialogs, remoteSettings, [&view] { view.refresh(); },
+                         [&modal] { return modal.depth > 0; });
+    if (remoteSettings.enabled && !remote.setEnabled(true))
+        std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
+    installRemoteMenu(view.mainWindow(), remote);
     return app.exec();
 }

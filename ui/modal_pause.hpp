@@ -13,13 +13,16 @@ class ModalPause {
 public:
     std::function<void()> onEnter;
     std::function<void()> onLeave;
+    int depth = 0;  // boxes up now
 
     class Scope {
     public:
         explicit Scope(ModalPause& pause) : pause_(pause) {
+            ++pause_.depth;
             if (pause_.onEnter) pause_.onEnter();
         }
         ~Scope() {
+            --pause_.depth;
             if (pause_.onLeave) pause_.onLeave();
         }
         Scope(const Scope&) = delete;

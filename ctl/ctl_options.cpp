@@ -1,0 +1,115 @@
+#include "ctl/ctl_options.hpp"
+
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace station::ctl {
+
+namespace {
+
+// "-3" is a step, not an option.
+bool wholeNumberText(const std::string& word) {
+    return word.size() > 1 && word.find_first_not_of("0123456789", 1) == std::string::npos;
+}
+
+}  // namespace
+
+CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
+    CtlOptions out;
+    std::vector<std::string> script;
+    std::string command;
+    auto finish = [&] {
+        if (!command.empty()) out.commands.push_back(command);
+        command.clear();
+    };
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        std::string name = args[i];
+        std::optional<std::string> inlineValue;
+        if (const std::size_t eq = name.find('='); name.rfind("--", 0) == 0 && eq != std::string::npos) {
+            inlineValue = name.substr(eq + 1);
+            name = name.substr(0, eq);
+        }
+        auto value = [&]() -> std::string {
+            std::string v = inlineValue ? *inlineValue : (i + 1 < args.size() ? args[++i] : std::string());
+            if (v.empty()) throw std::invalid_argument(name + " needs a value");
+            return v;
+        };
+        // An option ends the command before it.
+        if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) finish();
+        if (name == "--help" || name == "-h") out.help = true;
+        else if (name == "--port") out.port = value();
+        else if (name == "--simulate") out.simulate = true;
+        else if (name == "--quiet") out.quiet = true;
+        else if (name == "--setup") out.setup = value();
+        else if (name == "--save") out.save = value();
+        else if (name == "--definitions") out.definitions = value();
+        else if (name == "--script") {
+            const std::string path = value();
+            std::ifstream in(path, std::ios::binary);
+            if (!in) throw std::invalid_argument("--script " + path + ": cannot read the file");
+            std::ostringstream text;
+            text << in.rdbuf();
+            for (std::string& line : scriptCommands(text.str())) script.push_back(std::move(line));
+        } else if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) {
+            throw std::invalid_argument("unknown option " + name);
+        } else {
+            std::string word = args[i];
+            const bool ends = !word.empty() && (word.back() == ',' || word.back() == ';');
+            if (ends) word.pop_back();
+            if (!word.empty()) command += (command.empty() ? "" : " ") + word;
+            if (ends) finish();
+        }
+    }
+    finish();
+    out.commands.insert(out.commands.end(), script.begin(), script.end());
+    if (out.help) return out;
+    if (out.port && out.simulate) throw std::invalid_argument("--port and --simulate exclude each other");
+    if (out.simulate && !out.setup) throw std::invalid_argument("--simulate needs --setup: its cameras make the line");
+    return out;
+}
+
+std::vector<std::string> scriptCommands(const std::string& text) {
+    std::vector<std::string> out;
+    std::istringstream in(text);
+    std::string line;
+    while (std::getline(in, line)) {
+        while (!line.empty() && (line.back() == '\r' || line.back() == ' ' || line.back() == '\t')) line.pop_back();
+        const std::size_t start = line.find_first_not_of(" \t");
+        if (start == std::string::npos || line[start] == '#') continue;
+        out.push_back(line.substr(start));
+    }
+    return out;
+}
+
+std::string ctlHelp() {
+    return "Usage: corvane-ctl (--port DEVICE | --simulate) [--setup FILE] [COMMAND [, COMMAND]...]\n"
+           "                   [--script FILE] [--save FILE] [--definitions FOLDER] [--quiet]\n"
+           "\n"
+           "The camera control station without windows: it runs the station on the serial\n"
+           "line, carries out the commands in order and ends. Progress and a summary of the\n"
+           "cameras that answered go to standard error; the exit status is 1 when a camera\n"
+           "failed or a command was refused, 2 when the command line cannot be used.\n"
+           "\n"
+           "  --port DEVICE        the serial device of the camera line (else $CORVANE_PORT)\n"
+           "  --simulate           run on the in-process camera line built from --setup\n"
+           "  --setup FILE         open this setup data file first\n"
+           "  --save FILE          save the setup data to FILE at the end\n"
+           "  --script FILE        further commands, one per line (# starts a comment)\n"
+           "  --definitions FOLDER the camera-type definitions (*.fcl); else the setup\n"
+           "                       file's folder when it holds some, else the working folder\n"
+           "  --quiet              no progress lines, only the summary\n"
+           "\n"
+           "Commands (\",\" or \";\" separates them on the command line):\n"
+           "  read CAMERAS         page read of each camera in turn (\"1-8\", \"2\", \"1,3,5\"),\n"
+           "                       waiting until its replies stop; the settings read become\n"
+           "                       the camera's selected scene\n"
+           "  write CAMERAS        page send of each camera's selected scene\n"
+           "  auto white|black [CAMERA]  auto set-up, waiting for its result\n"
+           "  raw HEX              bytes fed to the station as if the line had sent them\n"
+           "  wait MS              let the station run for MS milliseconds\n"
+           "  any remote command   camera, scene, mode, level, gain, filter, call, page, get\n"
+           "                       (docs/remote-control.md)\n";
+}
+
+}  // namespace station::ctl

@@ -1,0 +1,93 @@
+#pragma once
+// One run of corvane-ctl: the commands carried out in order on a started station, the
+// ticks in between, and the record of which camera answered. The whole-camera commands
+// (read, write, auto with a camera) wait until the line is done with the camera; every
+// other command is a remote command and waits until the frames it queued have gone out.
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+#include "common/messages.hpp"
+#include "common/serial_port.hpp"
+#include "ctl/tick_loop.hpp"
+#include "remote/command_set.hpp"
+
+namespace station::ctl {
+
+// The station's messages, on standard error, counted so that a camera that fails is known.
+class CtlMessages final : public MessageSink {
+public:
+    explicit CtlMessages(std::ostream& err) : err_(err) {}
+    void show(const std::string& text, Icon icon) override;
+    int failures() const { return failures_; }
+    const std::string& last() const { return last_; }
+
+private:
+    std::ostream& err_;
+    int failures_ = 0;
+    std::string last_;
+};
+
+// The serial port, counting the reply frames (STX bytes) read from it.
+class CountingPort final : public SerialPort {
+public:
+    explicit CountingPort(SerialPort& port) : port_(port) {}
+    void setCommPort(int port) override { port_.setCommPort(port); }
+    void setSettings(const std::string& s) override { port_.setSettings(s); }
+    void open() override { port_.open(); }
+    void close() override { port_.close(); }
+    bool isOpen() const override { return port_.isOpen(); }
+    int bytesWaiting() override { return port_.bytesWaiting(); }
+    Bytes readAll() override;
+    void write(const Bytes& data) override { port_.write(data); }
+    long replies() const { return replies_; }
+
+private:
+    SerialPort& port_;
+    long replies_ = 0;
+};
+
+class Session {
+public:
+    Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, CountingPort& port,
+            CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet);
+
+    // Waits until the link's watches are idle after start-up.
+    void settle();
+    // Carries out one command; false when it was refused or a camera failed.
+    bool run(const std::string& line);
+    // The summary of every camera worked on, on the error stream; the exit status.
+    int finish();
+
+private:
+    struct Outcome {
+        int camera;
+        std::string action;
+        bool failed;
+        std::string detail;
+    };
+
+    bool remote(const std::string& line);
+    bool pageOf(const std::string& action, const std::string& cameras);
+    bool autoSetup(const std::string& which, const std::string& camera);
+    bool waitUntilSent(Micros limit);
+    std::string cameraName(int camera) const;
+    void progress(const std::string& text);
+
+    Station& station_;
+    remote::CommandSet& commands_;
+    TickLoop& ticks_;
+    CountingPort& port_;
+    CtlMessages& messages_;
+    std::ostream& out_;
+    std::ostream& err_;
+    bool quiet_;
+    bool refused_ = false;
+    std::vector<Outcome> outcomes_;
+};
+
+// The cameras of "1-8", "3" or "1,3,5"; std::invalid_argument when the text is not that.
+std::vector<int> cameraList(const std::string& text);
+
+}  // namespace station::ctl

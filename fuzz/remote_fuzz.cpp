@@ -1,0 +1,56 @@
+// Feeds arbitrary datagrams to the OSC decoder and whatever command text comes out of it
+// (or the raw bytes as a TCP line) to the remote command set of a started station: every
+// input must end in an OK or ERR reply (or none for a blank line), never a crash.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "remote/command_set.hpp"
+#include "remote/osc_codec.hpp"
+
+using namespace station;
+
+namespace {
+
+class NullPort : public SerialPort {
+public:
+    void setCommPort(int) override {}
+    void setSettings(const std::string&) override {}
+    void open() override {}
+    void close() override {}
+    bool isOpen() const override { return true; }
+    int bytesWaiting() override { return 0; }
+    Bytes readAll() override { return {}; }
+    void write(const Bytes&) override {}
+};
+
+class QuietMessages : public MessageSink {
+public:
+    void show(const std::string&, Icon) override {}
+};
+
+struct Rig {
+    Rig() { station.Form_Load(); }
+    NullPort port;
+    QuietMessages messages;
+    remote::NoDialogs none;
+    remote::PresetDialogs dialogs{none};
+    DiskWriter writer;
+    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    remote::CommandSet commands{station, dialogs, {}};
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    static Rig rig;
+    const remote::OscCommand osc = remote::decodeOsc(data, size);
+    const std::string line = osc.error.empty() ? osc.line
+                                               : std::string(reinterpret_cast<const char*>(data), size);
+    const std::string reply = rig.commands.execute(line);
+    if (!reply.empty() && reply.rfind("OK", 0) != 0 && reply.rfind("ERR ", 0) != 0) std::abort();
+    while (rig.station.link.queue().SendCnt() > 0) rig.station.link.queue().SendBuffShift();
+    rig.commands.changes();
+    return 0;
+}

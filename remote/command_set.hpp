@@ -1,0 +1,95 @@
+#pragma once
+// The station's remote command set: one text command per line, carried out against the
+// Station through the same entry points its windows use (the form models' controls and the
+// Station's actions), so every behaviour of the panel holds as for a mouse click. Each
+// command is answered by lines whose last is "OK", "OK <value>" or "ERR <reason>".
+// Changes of what a surface shows are reported separately, by changes().
+//
+//   CommandSet commands(station, {.fileFolder = "/srv/studio"});
+//   commands.execute("camera 3");          // "OK"
+//   commands.execute("level iris step -1"); // "OK"
+//   commands.changes();                    // {"camera", "3"}, {"level iris", "11"}, ...
+//
+// The command table is open: further commands (function items) and state sources (the
+// line's state) are added with add() and watch() by the layers that own them.
+
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/station.hpp"
+#include "remote/command_words.hpp"
+#include "remote/preset_dialogs.hpp"
+#include "remote/station_state.hpp"
+
+namespace station::remote {
+
+struct RemoteAccess {
+    // Setup files may be opened and saved only inside this folder; none: no file commands.
+    std::optional<std::filesystem::path> fileFolder;
+    // A command that could queue frames is refused while more than this many wait.
+    int queueLimit = 200;
+};
+
+class CommandSet {
+public:
+    // A handler reads its words and acts; it returns the text after "OK" ("" for none), or
+    // raises CommandError.
+    using Handler = std::function<std::string(Words&)>;
+    struct Command {
+        std::string verb;   // the first word
+        std::string usage;  // e.g. "level NAME VALUE | level NAME step N"
+        bool acts = true;   // false for commands that only read (never refused for a full queue)
+        Handler run;
+    };
+
+    // `dialogs` must be the file dialogs the station was built with, so that the file
+    // commands can name the file a dialog would have asked for.
+    CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access);
+    CommandSet(const CommandSet&) = delete;
+    CommandSet& operator=(const CommandSet&) = delete;
+
+    // Carries out one line; the reply, "OK..." or "ERR ...". A blank line gets "" (no reply).
+    std::string execute(std::string_view line);
+
+    // What surfaces show that changed since the last call.
+    StateList changes() { return watch_.changes(); }
+    StateList state() const { return watch_.current(); }
+
+    void add(Command command);
+    void watch(StateWatch::Source source) { watch_.addSource(std::move(source)); }
+    std::vector<std::string> usage() const;
+
+    // Runs a gesture at the station's error boundary (the operator is told of a failure as
+    // for a window's gesture); raises CommandError with the runtime's text when it failed.
+    void gesture(const std::function<void()>& action);
+    // Runs after every gesture (the desktop program redraws its windows).
+    std::function<void()> afterGesture;
+    // True while something must not be interrupted (a message box is up): commands wait.
+    std::function<bool()> busy;
+
+    Station& station() { return station_; }
+    PresetDialogs& dialogs() { return dialogs_; }
+    const RemoteAccess& access() const { return access_; }
+
+private:
+    std::string run(Words& words);
+
+    Station& station_;
+    PresetDialogs& dialogs_;
+    RemoteAccess access_;
+    StateWatch watch_;
+    std::map<std::string, Command> commands_;
+    bool running_ = false;
+};
+
+// The panel's commands: camera, scene, mode, level, gain, filter, call, auto, page, get.
+void addPanelCommands(CommandSet& commands);
+// open and save of setup files inside the allowed folder.
+void addFileCommands(CommandSet& commands);
+
+}  // namespace station::remote

@@ -1,0 +1,77 @@
+// Opening and saving setup data files from outside. A remote client names a file only
+// inside the folder the operator allowed, and only a setup data file ("*.csd"); the station
+// then opens or saves it through its own File commands, as if the operator had chosen that
+// file in the dialog.
+#include <system_error>
+
+#include "remote/command_set.hpp"
+
+namespace station::remote {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path allowedPath(const RemoteAccess& access, const std::string& name) {
+    if (!access.fileFolder) throw CommandError("file commands are off: no folder was allowed for them");
+    std::error_code ec;
+    const fs::path folder = fs::weakly_canonical(*access.fileFolder, ec);
+    if (ec) throw CommandError("the allowed folder cannot be read");
+    fs::path path = fs::path(name);
+    if (path.is_relative()) path = folder / path;
+    path = fs::weakly_canonical(path, ec);
+    if (ec) throw CommandError("no such path: " + name);
+    const fs::path inside = path.lexically_relative(folder);
+    if (inside.empty() || *inside.begin() == "..") throw CommandError("only files inside the allowed folder");
+    if (lower(path.extension().string()) != ".csd") throw CommandError("only setup data files (*.csd)");
+    return path;
+}
+
+std::optional<fs::file_time_type> modified(const fs::path& path) {
+    std::error_code ec;
+    const auto t = fs::last_write_time(path, ec);
+    if (ec) return std::nullopt;
+    return t;
+}
+
+}  // namespace
+
+void addFileCommands(CommandSet& commands) {
+    CommandSet* c = &commands;
+    Station& s = commands.station();
+
+    commands.add({"open", "open FILE (a *.csd file in the allowed folder)", true, [c, &s](Words& w) {
+        const fs::path path = allowedPath(c->access(), w.take("file"));
+        w.end();
+        std::error_code ec;
+        if (!fs::is_regular_file(path, ec)) throw CommandError("no such file: " + path.string());
+        c->dialogs().answerNextOpen(path.string());
+        c->gesture([&s] { s.OPEN_Click(); });
+        if (s.setupFile.FileName != path.string()) throw CommandError("the file was not opened");
+        return std::string();
+    }});
+
+    commands.add({"save", "save [FILE] (the open file, or a *.csd file in the allowed folder)", true,
+                  [c, &s](Words& w) {
+        if (w.done()) {
+            // Only the file already open, never a dialog on the operator's screen.
+            if (s.setupFile.FileName.empty()) throw CommandError("no setup file is open: name one");
+            const std::string path = allowedPath(c->access(), s.setupFile.FileName).string();
+            const auto before = modified(path);
+            c->gesture([&s] { s.SAVE_Click(); });
+            const auto after = modified(path);
+            if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
+            return std::string();
+        }
+        const fs::path path = allowedPath(c->access(), w.take("file"));
+        w.end();
+        const auto before = modified(path);
+        c->dialogs().answerNextSave(path.string());
+        c->gesture([&s] { s.SAVE_AS_Click(); });
+        const auto after = modified(path);
+        if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
+        return std::string();
+    }});
+}
+
+}  // namespace station::remote

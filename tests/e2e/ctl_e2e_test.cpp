@@ -1,0 +1,59 @@
+// corvane-ctl against the standalone camera line on a pseudo-terminal, in real time: a
+// backup of the studio, a change on a camera, the backup written back, and a second
+// backup that comes out the same as the first.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "tests/e2e/child_process.hpp"
+#include "tests/support/temp_folder.hpp"
+
+namespace station {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::ChildProcess;
+
+std::string contents(const std::filesystem::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+struct Ctl {
+    std::string device;
+    int run(std::vector<std::string> args) const {
+        args.insert(args.begin(), {CORVANE_CTL_PATH, "--port", device, "--definitions", STATION_SAMPLES_DIR, "--quiet"});
+        ChildProcess ctl(args);
+        return ctl.wait(60s);
+    }
+};
+
+TEST(CtlOnCameraSim, BackupChangeRestoreAndASecondBackupGivesTheSameFile) {
+    ChildProcess sim({CAMERA_SIM_PATH, "--setup", STATION_SAMPLES_DIR "/studio.csd", "--exit-after", "150"});
+    const auto path = sim.readLine(10s);
+    ASSERT_TRUE(path.has_value());
+    const Ctl ctl{*path};
+    testing::TempFolder folder;
+    const std::string first = (folder / "first.csd").string();
+    const std::string changed = (folder / "changed.csd").string();
+    const std::string second = (folder / "second.csd").string();
+
+    ASSERT_EQ(ctl.run({"--setup", STATION_SAMPLES_DIR "/studio.csd", "read", "1-3", "--save", first}), 0);
+    ASSERT_EQ(ctl.run({"--setup", first, "camera", "2,", "level", "mblk", "40,", "mode", "white", "ATW"}), 0);
+    ASSERT_EQ(ctl.run({"--setup", first, "read", "2", "--save", changed}), 0);
+    EXPECT_NE(contents(changed), contents(first));  // the camera did change
+    ASSERT_EQ(ctl.run({"--setup", first, "write", "2"}), 0);
+    ASSERT_EQ(ctl.run({"--setup", first, "read", "1-3", "--save", second}), 0);
+    EXPECT_EQ(contents(second), contents(first));
+
+    // A camera that is not on the line fails the run; a refused command does too.
+    EXPECT_EQ(ctl.run({"--setup", first, "read", "7"}), 1);
+    EXPECT_EQ(ctl.run({"--setup", first, "level", "iris", "900"}), 1);
+    EXPECT_EQ(sim.stop(), 0);
+}
+
+}  // namespace
+}  // namespace station
