@@ -12,7 +12,7 @@ Station::Station(const StationPlatform& platform)
       setupFile(shared, stores, cameraTypes, platform.messages, platform.dialogs, platform.writer),
       panel(shared, types, stores, link, form1),
       autoSetup(shared, link, form6),
-      editor(shared, types, form2),
+      editor(shared, types, stores, link, form2),
       scenes(shared, stores, form1, panel, editor, form2, platform.messages),
       pages(types, link, panel, editor, form2),
       cameraSet(shared, types, cameraTypes, form4, form1.Label12, form1.Label9),
