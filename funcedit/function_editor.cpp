@@ -64,16 +64,23 @@ int FunctionEditor::itemCount(int f) const { return count(types_.ItemList(slot()
 std::string* FunctionEditor::storedValue(const std::string& functionKey, const std::string& code) {
     const int cam = shared_.CamNo;
     if (cam < 1) return nullptr;  // the GROUP position keeps no function values
-    if (functionKey == "FS") {
-        const int rows = count(stores_.FuncScnData(0, 0, 0), kMaxSettingRows);
-        for (int r = 1; r <= rows; ++r)
-            if (stores_.FuncScnData(r, 0, 0) == code) return &stores_.FuncScnData(r, cam, 0);
-    } else if (functionKey == "F") {
-        const int rows = count(stores_.FuncData(0, 0), kMaxSettingRows);
-        for (int r = 1; r <= rows; ++r)
-            if (stores_.FuncData(r, 0) == code) return &stores_.FuncData(r, cam);
+    const bool scene = functionKey == "FS";
+    if (!scene && functionKey != "F") return nullptr;
+    auto key = [&](int r) -> const std::string& { return scene ? stores_.FuncScnData(r, 0, 0) : stores_.FuncData(r, 0); };
+    const int rows = count(scene ? stores_.FuncScnData(0, 0, 0) : stores_.FuncData(0, 0), kMaxSettingRows);
+    // Rows are found by their code; the row last found for a code is tried first, since a
+    // setup file load may have put the rows in another order since.
+    auto& known = scene ? sceneRows_ : plainRows_;
+    int row = 0;
+    if (const auto hint = known.find(code); hint != known.end() && hint->second <= rows && key(hint->second) == code) {
+        row = hint->second;
+    } else {
+        for (int r = 1; r <= rows && row == 0; ++r)
+            if (key(r) == code) row = r;
+        if (row == 0) return nullptr;
+        known[code] = row;
     }
-    return nullptr;
+    return scene ? &stores_.FuncScnData(row, cam, 0) : &stores_.FuncData(row, cam);
 }
 
 std::string* FunctionEditor::stored(int f, const FunctionItem& it) {
@@ -109,7 +116,8 @@ void FunctionEditor::DataFuncDsp() {
     const int f = function();
     if (ready != 1 || f < 1) return;
     // The page goes out in item order; actions and items without a value are not sent.
-    for (int i = 1; i <= itemCount(f); ++i) {
+    const int items = itemCount(f);
+    for (int i = 1; i <= items; ++i) {
         const FunctionItem it = item(f, i);
         if (it.kind() != 'M' && it.kind() != 'A' && it.kind() != 'S') continue;
         if (const std::string* v = stored(f, it); v != nullptr && !v->empty()) link_.SendCmd(it.command(*v));
@@ -252,7 +260,8 @@ void FunctionEditor::RecModeFunc(const std::string& cls, const std::string& addr
     const int functions = count(types_.FuncList(s, 0, 0), kMaxFunctions);
     bool changed = false;
     for (int f = 1; f <= functions; ++f) {
-        for (int i = 1; i <= itemCount(f); ++i) {
+        const int items = itemCount(f);
+        for (int i = 1; i <= items; ++i) {
             if (types_.ItemList(s, f, i) != "M" || !answers(types_.ItemList(s, f, i + kItemCodeCell), *c, *a)) continue;
             const FunctionItem it = item(f, i);
             std::string* v = stored(f, it);
@@ -281,7 +290,8 @@ void FunctionEditor::RecAnalogFunc(const std::string& cls, const std::string& ad
     const int functions = count(types_.FuncList(s, 0, 0), kMaxFunctions);
     bool changed = false;
     for (int f = 1; f <= functions; ++f) {
-        for (int i = 1; i <= itemCount(f); ++i) {
+        const int items = itemCount(f);
+        for (int i = 1; i <= items; ++i) {
             const std::string& kind = types_.ItemList(s, f, i);
             if ((kind != "A" && kind != "S") || !answers(types_.ItemList(s, f, i + kItemCodeCell), *c, *a)) continue;
             const FunctionItem it = item(f, i);

@@ -11,6 +11,7 @@
 // is empty and is never sent. Replies store into the selected camera, like the main panel.
 
 #include <string>
+#include <unordered_map>
 
 #include "camtype/setting_stores.hpp"
 #include "camtype/type_tables.hpp"
@@ -85,6 +86,9 @@ private:
         int slot = -1, function = -1, item = -1;
         bool operator==(const Built&) const = default;
     } built_;
+    // The row of each item code in FuncScnData and FuncData, as last found.
+    std::unordered_map<std::string, int> sceneRows_;
+    std::unordered_map<std::string, int> plainRows_;
 };
 
 }  // namespace station
