@@ -147,13 +147,23 @@ void FunctionWindow::render() {
 void FunctionWindow::renderValue() {
     choices_->setVisible(form_.List3.Enabled);
     analog_->setVisible(form_.HScroll1.Enabled);
-    const int before = values_->count();
-    const QString first = before > 0 ? values_->item(0)->text() : QString();
-    showList(*values_, form_.List3);
-    if (values_->count() != before || (before > 0 && values_->item(0)->text() != first)) {
+    // The operator moves through the values with the arrow keys without choosing; the row
+    // is set from the model only when the model's choice or the list itself changed.
+    const ListBox& list = form_.List3;
+    const QSignalBlocker quiet(*values_);
+    bool same = values_->count() == list.listCount();
+    for (int i = 0; same && i < list.listCount(); ++i) same = values_->item(i)->text() == qs(list.list(i));
+    if (!same) {
+        values_->clear();
+        for (const std::string& entry : list.items()) values_->addItem(qs(entry));
         search_->clear();  // another item's values: start unfiltered
         applyFilter();
     }
+    if (!same || list.listIndex() != shownChoice_) {
+        values_->setCurrentRow(list.listIndex());
+        shownChoice_ = list.listIndex();
+    }
+    values_->setEnabled(list.Enabled);
 
     const ScrollBar& bar = form_.HScroll1;
     if (!bar.Enabled || slider_->isSliderDown()) return;

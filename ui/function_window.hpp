@@ -37,6 +37,7 @@ private:
     QSlider* slider_;
     QSpinBox* hex_;
     QLabel* value_;
+    int shownChoice_ = -1;  // the model's choice last put into the value list
 };
 
 }  // namespace station::ui

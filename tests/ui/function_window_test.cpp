@@ -52,6 +52,17 @@ private slots:
         QCOMPARE(values.currentRow(), 3);
         QVERIFY(rig.takeQueued().empty());
 
+        // The arrow keys look through the list, the redraws leave them be, and Enter chooses.
+        rig.widget<QLineEdit>(window, "List3.search").clear();
+        QApplication::setActiveWindow(&window);
+        values.setFocus();
+        QTest::keyClick(&values, Qt::Key_Down);
+        rig.view->refresh();
+        QCOMPARE(values.currentRow(), 4);
+        QVERIFY(rig.takeQueued().empty());
+        QTest::keyClick(&values, Qt::Key_Return);
+        QCOMPARE(rig.takeQueued(), Commands{"30550400"});
+
         // An analog item: the hex box takes the value on Enter.
         functions.setCurrentRow(0);  // "Gamma"
         items.setCurrentRow(1);      // "Gamma Level"
