@@ -19,6 +19,9 @@ Station::Station(const StationPlatform& platform)
       port_(platform.port),
       messages_(platform.messages) {
     setupFile.InitSet = [this] { InitSet(); };
+    editor.startAutoSetup = [this](const std::string& operation, const std::string& title) {
+        autoSetup.start(operation, title);
+    };
     cameraSet.refreshEditor = [this] {
         editor.FuncListDsp();
         editor.DataFuncDsp();

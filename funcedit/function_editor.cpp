@@ -225,7 +225,8 @@ void FunctionEditor::List3_Click() {
     if (it.kind() == 'T') {
         // An action is sent and kept nowhere; the list is left without a choice so that the
         // same action can be run again.
-        link_.SendCmd(it.command(code));
+        if (it.code() == "40" && startAutoSetup) startAutoSetup(code, it.valueName(k));
+        else link_.SendCmd(it.command(code));
         const QuietControls quiet(shared_.CtrlReady);
         form_.List3.setListIndex(-1);
     } else if (it.kind() == 'M' || it.kind() == 'S') {

@@ -10,6 +10,7 @@
 // plain functions ("F") in its FuncData, in the row of the item's code. An item never set
 // is empty and is never sent. Replies store into the selected camera, like the main panel.
 
+#include <functional>
 #include <string>
 #include <unordered_map>
 
@@ -56,6 +57,10 @@ public:
     void RecModeFunc(const std::string& cls, const std::string& addr, const std::string& data);
     void RecAnalogFunc(const std::string& cls, const std::string& addr, const std::string& data,
                        const std::string& data2);
+
+    // Starts an automatic set-up (operation code, action name) and shows its progress; an
+    // action item with the prefix "40" goes here instead of straight to the line.
+    std::function<void(const std::string& operation, const std::string& title)> startAutoSetup;
 
     // The stored value of an item code in a function of key "FS" or "F" for the selected
     // camera; nullptr for other keys, the GROUP position and codes without a row.

@@ -54,10 +54,7 @@ public:
     // The set command that sends `value` (a value code, or an analog value's hex text).
     std::string command(const std::string& value) const;
 
-    // The set class (first byte) and address (second byte) of the code, when they are hex.
-    std::optional<unsigned long> setClass() const { return byteOf(0); }
-    std::optional<unsigned long> address() const { return byteOf(1); }
-    // The mask of a mode item (third byte).
+    // The mask of a mode item (the code's third byte), when it is hex.
     std::optional<unsigned long> mask() const { return byteOf(2); }
 
 private:

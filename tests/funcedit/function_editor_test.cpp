@@ -82,6 +82,8 @@ TEST(FunctionEditor, AChangedItemIsSentAtOnceInItsKindsShapeAndKept) {
         } else {
             EXPECT_EQ(rig.stored(c.key, "2044FE"), before);  // an action keeps nothing
             EXPECT_EQ(rig.s.form2.List3.listIndex(), -1);
+            EXPECT_TRUE(rig.s.form6.form.Visible);  // its result is shown by the "Auto Message" window
+            EXPECT_EQ(rig.s.form6.Label1.Caption, c.choice);
         }
     }
 }
