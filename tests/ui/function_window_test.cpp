@@ -1,6 +1,5 @@
 // The "Function" window forwards the operator's choices to the function editor and shows
 // what the station keeps and what the camera reports.
-#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSpinBox>
@@ -21,7 +20,6 @@ private slots:
     void aChosenValueReachesTheLineAndTheCamerasReplyReachesTheItemList() {
         ViewRig rig;
         rig.openStudio();  // camera 1: ST1
-        QVERIFY(rig.takeQueued().empty());
         QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);  // "FUNC"
         QWidget& window = rig.view->functionWindow();
         QVERIFY(window.isVisible());
@@ -29,7 +27,6 @@ private slots:
         auto& functions = rig.widget<QListWidget>(window, "List1");
         auto& items = rig.widget<QListWidget>(window, "List2");
         auto& values = rig.widget<QListWidget>(window, "List3");
-        QCOMPARE(functions.count(), 5);
         functions.setCurrentRow(3);  // "Shutter": shown, not sent
         items.setCurrentRow(1);      // "Shutter Speed"
         QVERIFY(rig.takeQueued().empty());
