@@ -12,7 +12,7 @@ Station::Station(const StationPlatform& platform)
       setupFile(shared, stores, cameraTypes, platform.messages, platform.dialogs, platform.writer),
       panel(shared, types, stores, link, form1),
       autoSetup(shared, link, form6),
-      editor(shared, types, form2),
+      editor(shared, types, stores, link, form2),
       scenes(shared, stores, form1, panel, editor, form2, platform.messages),
       pages(types, link, panel, editor, form2),
       cameraSet(shared, types, cameraTypes, form4, form1.Label12, form1.Label9),
@@ -25,6 +25,9 @@ Station::Station(const StationPlatform& platform)
         form1.form.Caption = name.empty() ? "Camera Control" : name + " - Camera Control";
     };
     setupFile.Notify = [this](const std::string& text) { notice.raise(text); };
+    editor.startAutoSetup = [this](const std::string& operation, const std::string& title) {
+        autoSetup.start(operation, title);
+    };
     cameraSet.refreshEditor = [this] {
         editor.FuncListDsp();
         editor.DataFuncDsp();

@@ -28,6 +28,9 @@ public:
     void SendAuto(const std::string& command, const std::string& operation);
     void RecAuto(const std::string& operation, const std::string& result);
     void Timer1_Timer();  // Form6's countdown tick
+    // Sends the request and shows "Now doing" under `title`; the function editor's
+    // automatic-setup actions start here too, so that their result is shown the same way.
+    void start(const std::string& operation, const std::string& title);
 
     Integer AutoCount() const { return autoCount_; }
 
@@ -35,8 +38,6 @@ public:
     static std::string resultText(const std::string& result);
 
 private:
-    void start(const std::string& operation, const std::string& title);
-
     Shared& shared_;
     Link& link_;
     Form6& form_;

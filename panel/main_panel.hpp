@@ -64,6 +64,18 @@ public:
     void Command9_MouseDown();
     void Command9_MouseUp();
 
+    // The gain-step spin buttons beside the LOW (0), MID (1) and HIGH (2) labels. They act
+    // on the operator's press only, whatever CtrlReady says.
+    void SpinButton1_SpinUp(int index) { stepGain(index, +1); }
+    void SpinButton1_SpinDown(int index) { stepGain(index, -1); }
+    // The values a step can take under the selected camera's gain type; none when fixed.
+    struct GainStepRange {
+        int lo = 0;
+        int hi = -1;
+        bool offered() const { return hi >= lo; }
+    };
+    GainStepRange gainStepRange(int index) const;
+
     // The acknowledge and camera-ID settings applied to timers, controls and menu ticks.
     void SetAckCont(Integer mode);
     void SetIDCont();
@@ -87,6 +99,7 @@ private:
     void decodeGain(const std::string& data);
     void decodeGainExtended(const std::string& addr, const std::string& data);
     void stepFilter(int direction);
+    void stepGain(int index, int direction);
     double numeric(int f);
 
     Shared& shared_;

@@ -102,9 +102,14 @@ void CameraScenes::Option7_Click(int index) {
     if (form_.SelectLock != 1) return;  // set by a camera selection: nothing to load
     shared_.ScnNo(shared_.CamNo) = static_cast<Integer>(index);
     if (form_.ScnStore.value() == 0) {
+        // Recalling a scene reloads the station's copy only; the function page is shown
+        // without being sent, like the panel.
         ScnDataChange(0, index);
-        redrawWithoutSending();
+        const Integer ready = shared_.CtrlReady;
+        shared_.CtrlReady = 0;
+        panel_.MainDsp();
         editor_.DataFuncDsp();
+        shared_.CtrlReady = ready;
     } else if (form_.ScnStore.value() == 1) {
         ScnDataChange(index, 0);
         form_.ScnStore.setValue(0);  // one-shot, as "COPY"

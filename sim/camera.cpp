@@ -70,10 +70,11 @@ Camera::Answer Camera::apply(const Bytes& data) {
             const std::uint8_t mask = byteAt(data, 3);
             const std::uint8_t keep = static_cast<std::uint8_t>(mode(address, cls) & mask);
             setMode(address, static_cast<std::uint8_t>(keep | (byteAt(data, 2) & ~mask)), cls);
-        } else if (wide(address, cls)) {
-            setLevel(address, byteAt(data, 2) << 8 | byteAt(data, 3), cls);
         } else {
-            setLevel(address, byteAt(data, 2), cls);
+            // A non-zero second value byte shows a two-byte level (high byte first): the
+            // camera keeps that level wide from then on.
+            if (byteAt(data, 3) != 0) setWide(address, true, cls);
+            setLevel(address, wide(address, cls) ? byteAt(data, 2) << 8 | byteAt(data, 3) : byteAt(data, 2), cls);
         }
         answer.reply = report(cls, address);
     } else if (op == 3) {

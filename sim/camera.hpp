@@ -6,7 +6,8 @@
 // Commands (data bytes of a frame), by the first byte, the command class:
 //   20 / 28  set a mode register:  class, address, data, mask. The bits that are 1 in the
 //            mask keep their value, the others take the data's bits.
-//   30 / 38  set a level:          class, address, level [, second byte of a wide level]
+//   30 / 38  set a level:          class, address, level [, second byte of a wide level];
+//            a level first set with a non-zero second byte is wide from then on
 //   class+3  read request:         class+3, address
 //   40       automatic set-up:     40, operation (10 white, 20 black, ...)
 // A set or a read is answered with class+2, the address and the register's value (one

@@ -22,7 +22,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
     cameras_ = new CameraSelectView(station.form1, forward_, central);
     scenes_ = new SceneView(station, forward_, central);
     transfer_ = new TransferView(station, forward_, central);
-    modes_ = new ModeView(station.form1, forward_, central);
+    modes_ = new ModeView(station.form1, station.panel, forward_, central);
     levels_ = new LevelsView(station.form1, forward_, central);
     extras_ = new FilterTallyView(station, forward_, central);
     monitor_ = new MonitorView(station.link, station.form1, central);

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 namespace station::ui {
@@ -23,9 +24,36 @@ void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, in
         grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns);
 }
 
+// SpinButton1(index): an up and a down arrow that trim one gain-step value.
+QWidget* gainSpin(int index, MainPanel& panel, const Forward& forward, QWidget* parent) {
+    auto* pair = new QWidget(parent);
+    pair->setObjectName(QStringLiteral("SpinButton1(%1)").arg(index));
+    auto* column = new QVBoxLayout(pair);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    const char* step[] = {"LOW", "MID", "HIGH"};
+    for (const bool up : {true, false}) {
+        auto* button = new QToolButton(pair);
+        button->setObjectName(QString::fromLatin1(up ? "up" : "down"));
+        button->setArrowType(up ? Qt::UpArrow : Qt::DownArrow);
+        button->setFixedSize(18, 11);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setToolTip(QStringLiteral("%1 the %2 gain value and send it to the camera")
+                               .arg(up ? QStringLiteral("Raise") : QStringLiteral("Lower"),
+                                    QString::fromLatin1(step[index])));
+        MainPanel* p = &panel;
+        QObject::connect(button, &QToolButton::clicked, [p, forward, index, up] {
+            forward([p, index, up] { up ? p->SpinButton1_SpinUp(index) : p->SpinButton1_SpinDown(index); });
+        });
+        column->addWidget(button);
+    }
+    return pair;
+}
+
 }  // namespace
 
-ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidget(parent), form_(form) {
+ModeView::ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidget* parent)
+    : QWidget(parent), form_(form), panel_(panel) {
     auto make = [&](OptionGroup& group, const char* name, QWidget* box) {
         OptionGroup* g = &group;
         return std::make_unique<OptionButtons>(group, name, OptionButtons::Look::Radio, box,
@@ -69,6 +97,8 @@ ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidg
         step->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         gainSteps_.at(static_cast<std::size_t>(i)) = step;
         gainGrid->addWidget(step, i, 1);
+        gainSpins_.at(static_cast<std::size_t>(i)) = gainSpin(i, panel, forward, gain);
+        gainGrid->addWidget(gainSpins_.at(static_cast<std::size_t>(i)), i, 2);
     }
     grid->addWidget(gain, 0, 3);
 
@@ -81,7 +111,13 @@ ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidg
 
 void ModeView::render() {
     for (auto& group : groups_) group->render();
-    for (int i = 0; i <= 2; ++i) showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
+    for (int i = 0; i <= 2; ++i) {
+        showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
+        // A step the camera's gain type keeps fixed has nothing to trim.
+        const bool offered = panel_.gainStepRange(i).offered();
+        QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
+        if (spin.isEnabled() != offered) spin.setEnabled(offered);
+    }
     monitor_->setTitle(qs(form_.Frame12.Caption));
     monitor_->setEnabled(form_.Frame12.Enabled);
 }

@@ -120,14 +120,27 @@ TEST(Workflow, ReadAndWriteAPageOfTheSelectedCamera) {
               (Commands{"2300", "2301", "2302", "2304", "2305", "2308", "230F", "3318", "331A", "3321", "3323",
                         "332B", "332C", "332E", "3339", "2340", "3350", "2340", "2341", "2341", "3351", "3352",
                         "3353", "3354", "2342", "2343", "3355", "2344", "2344"}));
+    // The main panel (15 commands: ST1 has monitor and filter), then every function page in
+    // list order, each item with a value in item order; the action item is never sent.
     s.pages.SEND_Click();
-    EXPECT_EQ(rig.takeQueued().size(), 15u);  // ST1 has monitor and filter, and the editor sends no pages yet
+    Commands sent = rig.takeQueued();
+    ASSERT_EQ(sent.size(), 15u + 14u);
+    EXPECT_EQ(Commands(sent.begin() + 15, sent.end()),
+              (Commands{"204002FC", "30502A00", "204008F3", "204100FE", "204100FD", "30515500", "30521500",
+                        "30530200", "30540A00", "204200FE", "204302FC", "30550200", "204400FE", "204400FD"}));
     EXPECT_EQ(s.form2.List1.listIndex(), 0);
+
     s.form1.Option9.click(6);  // BX4: no monitor, no filter
-    s.pages.SEND_Click();
-    EXPECT_EQ(rig.takeQueued().size(), 13u);
-    s.pages.Command3_Click();  // the editor's page only
+    s.form1.Option7.click(2);  // recalling a scene shows its page without sending it
     EXPECT_TRUE(rig.takeQueued().empty());
+    s.editor.storedValue("FS", "2040FC")->clear();  // an item never set is not sent
+    s.pages.SEND_Click();
+    sent = rig.takeQueued();
+    ASSERT_EQ(sent.size(), 13u + 6u);
+    EXPECT_EQ(Commands(sent.begin() + 13, sent.end()),
+              (Commands{"305C2A00", "282201FE", "305D0500", "305E0500", "204301FC", "30550100"}));
+    s.pages.Command3_Click();  // the editor's page only
+    EXPECT_EQ(rig.takeQueued(), (Commands{"305C2A00"}));
 }
 
 TEST(Workflow, SaveAndLoadAgainGivesTheSameSetup) {

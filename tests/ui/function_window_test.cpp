@@ -1,0 +1,77 @@
+// The "Function" window forwards the operator's choices to the function editor and shows
+// what the station keeps and what the camera reports.
+#include <QLineEdit>
+#include <QListWidget>
+#include <QSpinBox>
+#include <QtTest>
+
+#include "link/frame.hpp"
+#include "tests/ui/view_rig.hpp"
+#include "ui/function_window.hpp"
+
+using namespace station;
+using namespace station::testing;
+using Commands = std::vector<std::string>;
+
+class FunctionWindowTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void aChosenValueReachesTheLineAndTheCamerasReplyReachesTheItemList() {
+        ViewRig rig;
+        rig.openStudio();  // camera 1: ST1
+        QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);  // "FUNC"
+        QWidget& window = rig.view->functionWindow();
+        QVERIFY(window.isVisible());
+
+        auto& functions = rig.widget<QListWidget>(window, "List1");
+        auto& items = rig.widget<QListWidget>(window, "List2");
+        auto& values = rig.widget<QListWidget>(window, "List3");
+        functions.setCurrentRow(3);  // "Shutter": shown, not sent
+        items.setCurrentRow(1);      // "Shutter Speed"
+        QVERIFY(rig.takeQueued().empty());
+        QCOMPARE(items.item(1)->text(), QStringLiteral("Shutter Speed: 1/250"));
+        QCOMPARE(values.count(), 6 + 16);  // its speeds, then the variable-shutter steps
+
+        // Searching narrows the long list; a click on what is left sends that step.
+        QTest::keyClicks(&rig.widget<QLineEdit>(window, "List3.search"), "61.2");
+        QListWidgetItem* found = nullptr;
+        for (int row = 0; row < values.count(); ++row)
+            if (!values.item(row)->isHidden()) found = found == nullptr ? values.item(row) : nullptr;
+        QVERIFY(found != nullptr);
+        QTest::mouseClick(values.viewport(), Qt::LeftButton, {}, values.visualItemRect(found).center());
+        QCOMPARE(rig.takeQueued(), Commands{"30550003"});
+        QCOMPARE(items.item(1)->text(), QStringLiteral("Shutter Speed: 1/61.2"));
+
+        // The camera reports 1/500 of its own accord; the poll shows it and sends nothing back.
+        rig.port.arrive(buildFrame("325503", FrameHeader{}));
+        QTRY_COMPARE(items.item(1)->text(), QStringLiteral("Shutter Speed: 1/500"));
+        QCOMPARE(values.currentRow(), 3);
+        QVERIFY(rig.takeQueued().empty());
+
+        // The arrow keys look through the list, the redraws leave them be, and Enter chooses.
+        rig.widget<QLineEdit>(window, "List3.search").clear();
+        QApplication::setActiveWindow(&window);
+        values.setFocus();
+        QTest::keyClick(&values, Qt::Key_Down);
+        rig.view->refresh();
+        QCOMPARE(values.currentRow(), 4);
+        QVERIFY(rig.takeQueued().empty());
+        QTest::keyClick(&values, Qt::Key_Return);
+        QCOMPARE(rig.takeQueued(), Commands{"30550400"});
+
+        // An analog item: the hex box takes the value on Enter.
+        functions.setCurrentRow(0);  // "Gamma"
+        items.setCurrentRow(1);      // "Gamma Level"
+        auto& hex = rig.widget<QSpinBox>(window, "HScroll1.hex");
+        QVERIFY(hex.isVisibleTo(&window) && !values.isVisibleTo(&window));
+        hex.selectAll();
+        QTest::keyClicks(&hex, "7F");
+        QTest::keyClick(&hex, Qt::Key_Return);
+        QCOMPARE(rig.takeQueued(), Commands{"30507F00"});
+        QCOMPARE(items.item(1)->text(), QStringLiteral("Gamma Level: 7F"));
+    }
+};
+
+QTEST_MAIN(FunctionWindowTest)
+#include "function_window_test.moc"
