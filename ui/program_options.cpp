@@ -37,6 +37,11 @@ ProgramOptions parseProgramOptions(const std::vector<std::string>& args) {
         } else if (auto port = optionValue(args, i, "--port", options.error)) {
             if (options.error.empty() && port->empty()) options.error = "--port needs a device";
             options.port = *port;
+        } else if (arg == "--simulate") {
+            options.simulate = true;
+        } else if (auto file = optionValue(args, i, "--log-file", options.error)) {
+            if (options.error.empty() && file->empty()) options.error = "--log-file needs a file";
+            options.logFile = std::filesystem::path(*file);
         } else if (auto folder = optionValue(args, i, "--definitions", options.error)) {
             if (options.error.empty() && folder->empty()) options.error = "--definitions needs a folder";
             options.definitions = std::filesystem::path(*folder);
@@ -48,15 +53,19 @@ ProgramOptions parseProgramOptions(const std::vector<std::string>& args) {
 }
 
 std::string programHelp() {
-    return "Usage: corvane-station [--port DEVICE] [--definitions FOLDER]\n"
+    return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
            "\n"
-           "  --port DEVICE        the serial device of port 1, e.g. /dev/ttyUSB0 or the\n"
-           "                       terminal path that camera-sim prints. Without it (and\n"
-           "                       without $CORVANE_PORT) the station runs on its built-in\n"
-           "                       simulated camera line with the sample studio's cameras.\n"
+           "  --port DEVICE        the serial device of port 1 for this run, e.g.\n"
+           "                       /dev/ttyUSB0 or the terminal path that camera-sim\n"
+           "                       prints. Without it (and without $CORVANE_PORT) the\n"
+           "                       station uses the port chosen in \"&Setup\" > \"Port\" last\n"
+           "                       time, at first its built-in simulated camera line.\n"
+           "  --simulate           the built-in simulated camera line with the sample\n"
+           "                       studio's cameras, for this run\n"
+           "  --log-file FILE      append every entry of the line log to FILE\n"
            "  --definitions FOLDER the folder of the camera-type definitions (*.fcl);\n"
            "                       otherwise the remembered folder, else the working\n"
            "                       folder, else the samples shipped with the program.\n"
@@ -67,6 +76,14 @@ std::optional<std::string> portDevice(const ProgramOptions& options, const char*
     if (options.port) return options.port;
     if (corvanePortVariable != nullptr && *corvanePortVariable != '\0') return std::string(corvanePortVariable);
     return std::nullopt;
+}
+
+PortChoice startPort(const ProgramOptions& options, const char* corvanePortVariable,
+                     const std::optional<PortChoice>& remembered) {
+    if (options.simulate) return PortChoice{{}, true};
+    if (auto device = portDevice(options, corvanePortVariable)) return PortChoice{*device, false};
+    if (remembered && (remembered->simulated || !remembered->device.empty())) return *remembered;
+    return PortChoice{{}, true};
 }
 
 std::optional<std::filesystem::path> samplesFolder(const std::filesystem::path& programFolder) {
