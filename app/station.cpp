@@ -190,6 +190,7 @@ void Station::speedRefused(const std::string& reason) {
 void Station::Timer1_Timer() {
     if (!line.connected()) {
         line.retryTick();
+        if (line.connected()) poll([this] { link.lineBack(); });
         return;
     }
     poll([this] { link.Timer1_Timer(); });

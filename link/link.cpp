@@ -138,6 +138,13 @@ bool Link::consumeFrame(std::size_t available) {
     return true;
 }
 
+void Link::lineBack() {
+    if (ackWait_ < 1 || queue_.SendCnt() < 1) return;
+    CommOut(queue_.head().Data);
+    ackWait_ = kAckTicks;
+    if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
+}
+
 void Link::removeHeadAfterAck() {
     if (queue_.head().Kind == "R") ansWait_ = kAnswerTicks;
     queue_.SendBuffShift();

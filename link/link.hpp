@@ -54,6 +54,11 @@ public:
     Integer AnsWait() const { return ansWait_; }
     const Bytes& RecBuff() const { return recBuff_; }
 
+    // The line came back after it was lost: a frame that was awaiting its acknowledge when
+    // the line went may never have reached the camera, so it is sent again and its watch
+    // restarted, as after the camera's NAK. Otherwise nothing happens.
+    void lineBack();
+
     // Who watches the line; nothing by default. The watcher must outlive the link.
     void watch(LinkEvents* events) { events_ = events; }
 

@@ -1,0 +1,207 @@
+// The station's line: starting without the device, losing it under traffic and getting it
+// back, which camera answers, the line log and the fault line. On the fake port, with the
+// station's timers run in simulated time and a clock the test moves.
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "tests/app/station_rig.hpp"
+
+namespace station {
+namespace {
+
+using namespace std::chrono_literals;
+using testing::wire;
+
+// A station whose port the test sets up before start-up, with its own clock.
+struct LineRig {
+    explicit LineRig(bool deviceThere = true) { rig.port.failOpen = !deviceThere; }
+    void start() { station.Form_Load(); }
+    void run(int ms) {
+        for (int t = 0; t < ms; t += 20) {
+            now += 20;
+            clock += 20ms;
+            if (now % 40 == 0) station.Timer1_Timer();
+            if (now % 100 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
+            if (now % 500 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
+        }
+    }
+    std::vector<std::string> logged() const {
+        std::vector<std::string> out;
+        for (const LineLogEntry& e : station.line.log.entries()) out.push_back(e.what);
+        return out;
+    }
+
+    struct Parts {
+        testing::FakePort port;
+        testing::FakeMessages messages;
+        testing::FakeDialogs dialogs;
+        DiskWriter writer;
+    } rig;
+    std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
+    Station station{{rig.port, rig.messages, rig.dialogs, rig.writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
+    long now = 0;
+};
+
+TEST(Line, StartsWithoutItsDeviceTellsOnceAndConnectsWhenItAppears) {
+    LineRig r(false);
+    r.station.line.name({"/dev/ttyUSB7", false});
+    r.start();
+    ASSERT_EQ(r.rig.messages.shown.size(), 1u);
+    EXPECT_NE(r.rig.messages.shown[0].text.find("port not available"), std::string::npos);
+    EXPECT_NE(r.rig.messages.shown[0].text.find("/dev/ttyUSB7"), std::string::npos);
+    EXPECT_EQ(r.station.line.condition(), LineCondition::NotConnected);
+    EXPECT_NE(r.station.lineStatus().find("not connected (port not available)"), std::string::npos);
+
+    // Commands queue; nothing is written and no time-out counts while there is no line.
+    r.station.link.SendCmd("30187F00");
+    r.station.link.SendCmd("30190100");
+    r.run(3000);
+    EXPECT_EQ(r.rig.port.opens, 1 + 3);  // tried again about once a second
+    EXPECT_TRUE(r.rig.port.writes.empty());
+    EXPECT_EQ(r.rig.messages.shown.size(), 1u);
+    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Not connected: port not available"}));
+
+    r.rig.port.failOpen = false;
+    r.run(1000);
+    EXPECT_TRUE(r.station.line.connected());
+    EXPECT_EQ(r.station.lineStatus(), "/dev/ttyUSB7  |  9600bps  |  Ack On  |  Camera ID off  |  connected");
+    r.run(600);  // the handshake's start-up wait, then the head goes out
+    EXPECT_EQ(r.rig.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
+    EXPECT_EQ(r.logged().front(), "Line connected: /dev/ttyUSB7");
+}
+
+TEST(Line, LostUnderTrafficHoldsTheLinkKeepsEverythingAndReopensWithTheFrameInFlight) {
+    LineRig r;
+    r.start();
+    r.station.Speed_Click(1);
+    for (const char* cmd : {"30187F00", "30190100", "301A0200"}) r.station.link.SendCmd(cmd);
+    r.run(600);
+    const Bytes first = r.rig.port.takeWritten();
+    ASSERT_EQ(first, wire("02 04 30 18 7F 00 34 FF"));
+    r.rig.port.arrive(wire("02 03 40"));  // half a reply
+    r.run(40);
+    ASSERT_EQ(r.station.link.RecBuff(), wire("02 03 40"));
+
+    r.rig.port.hungUp = true;
+    r.run(40);
+    EXPECT_EQ(r.station.line.condition(), LineCondition::Lost);
+    EXPECT_FALSE(r.rig.port.opened);
+    r.rig.port.failOpen = true;  // the device is gone, not only hung up
+    r.rig.port.hungUp = false;
+    r.run(5000);  // far past the acknowledge and answer watches
+    EXPECT_TRUE(r.rig.messages.shown.empty());
+    EXPECT_TRUE(r.rig.port.writes.empty());
+    EXPECT_EQ(r.station.link.queue().SendCnt(), 3);
+    EXPECT_EQ(r.station.link.RecBuff(), wire("02 03 40"));
+    EXPECT_EQ(r.station.BaudStr, "19200");
+    EXPECT_NE(r.station.lineStatus().find("lost (port not available)"), std::string::npos);
+
+    r.rig.port.failOpen = false;
+    r.run(1000);
+    ASSERT_TRUE(r.station.line.connected());
+    EXPECT_EQ(r.rig.port.settings, "19200,N,8,1");
+    // The frame that was in flight goes again at once; the rest follow, one per ACK.
+    EXPECT_EQ(r.rig.port.takeWritten(), first);
+    // The kept half reply is completed by what comes next, answered, and then the ACK.
+    r.rig.port.arrive(wire("00 00 BC FF 06"));
+    r.run(80);
+    EXPECT_EQ(r.rig.port.takeWritten(), wire("06 02 04 30 19 01 00 B1 FF"));
+    r.rig.port.arrive(wire("06"));
+    r.run(80);
+    EXPECT_EQ(r.rig.port.takeWritten(), wire("02 04 30 1A 02 00 AF FF"));
+    EXPECT_TRUE(r.rig.messages.shown.empty());
+    const auto log = r.logged();
+    EXPECT_EQ(log.at(0), "Line reopened: ");
+    EXPECT_EQ(log.at(1), "Not connected: port not available");
+    EXPECT_EQ(log.at(2), "Line lost: fake: the device hung up");
+}
+
+TEST(Line, EachCameraShowsWhetherItAnswersAndTheLogNamesIt) {
+    LineRig r;
+    r.start();
+    r.station.shared.cams.CamID(1) = "AB1";
+    r.station.shared.cams.CamID(2) = "AB2";
+    r.run(600);
+    const auto state = [&](int camera) { return r.station.line.answers.state(camera, r.clock); };
+
+    r.station.link.SendCmd("30187F00");  // camera 1 acknowledges
+    r.run(40);
+    r.rig.port.arrive(wire("06"));
+    r.run(40);
+    const auto heard = r.clock;
+    r.station.shared.CamNo = 2;          // camera 2 stays silent
+    r.station.link.SendCmd("30187F00");
+    r.run(1200);
+    r.station.shared.CamNo = 3;          // camera 3 sends a reply after its ACK
+    r.station.link.SendCmd("3318");
+    r.run(40);
+    r.rig.port.arrive(wire("06 02 03 40 00 00 BC FF"));
+    r.run(40);
+
+    EXPECT_EQ(state(1), Answer::Answering);
+    EXPECT_EQ(state(2), Answer::NotAnswering);
+    EXPECT_EQ(state(3), Answer::Answering);
+    EXPECT_EQ(state(4), Answer::NotHeard);
+    EXPECT_EQ(r.station.line.answers.lastAnswer(1), heard);
+    r.clock += 61s;
+    EXPECT_EQ(state(1), Answer::Quiet);
+    EXPECT_EQ(r.rig.messages.texts(), (std::vector<std::string>{"No Acknowledge"}));
+    const LineLogEntry& failed = r.station.line.log.entries().front();
+    EXPECT_EQ(failed.what, "No Acknowledge");
+    EXPECT_EQ(failed.camera, 2);
+    EXPECT_EQ(failed.id, "AB2");
+    EXPECT_EQ(failed.frame, " 02 04 30 18 7F 00 34 FF");
+}
+
+TEST(Line, FaultLineClearsAtTheNextCleanFrameAndTheFaultStaysInTheLog) {
+    LineRig r;
+    r.start();
+    r.run(600);
+    // Eleven data bytes: more than a reply can carry.
+    r.rig.port.arrive(wire("02 0B 40 00 00 00 00 00 00 00 00 00 00 B4 FF"));
+    r.run(40);
+    ASSERT_EQ(r.station.form1.faultLine.Caption, "Line: Run-time error 9: Subscript out of range");
+    r.rig.port.arrive(wire("02 03 40 00 00 BC FE"));  // a bad checksum leaves it
+    r.run(40);
+    EXPECT_FALSE(r.station.form1.faultLine.Caption.empty());
+    r.rig.port.arrive(wire("02 03 40 00 00 BC FF"));
+    r.run(40);
+    EXPECT_TRUE(r.station.form1.faultLine.Caption.empty());
+    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Checksum failure, NAK sent", "Run-time error 9: Subscript out of range",
+                                                    "Line connected: "}));
+}
+
+TEST(Line, VersionBoxAndStatusNameTheDeviceInUse) {
+    struct Row {
+        PortChoice choice;
+        const char* version;
+        const char* status;
+    };
+    for (const Row& row : {Row{{"/dev/ttyS0", false}, "9600bps COM1", "/dev/ttyS0  |"},
+                           Row{{"/dev/pts/4", false}, "9600bps /dev/pts/4", "/dev/pts/4  |"},
+                           Row{{"", true}, "9600bps simulated line", "simulated line  |"}}) {
+        LineRig r;
+        r.station.line.name(row.choice);
+        r.start();
+        EXPECT_NE(r.station.versionText().find(std::string("\r       ") + row.version + "\r"), std::string::npos)
+            << row.version;
+        EXPECT_EQ(r.station.lineStatus().rfind(row.status, 0), 0u) << row.status;
+    }
+}
+
+TEST(LineLog, KeepsTheNewestThousandAndHandsEachLineToItsSink) {
+    LineLog log;
+    std::vector<std::string> sunk;
+    log.sink = [&](const std::string& line) { sunk.push_back(line); };
+    for (int i = 1; i <= 1001; ++i) log.add({"t", "entry " + std::to_string(i), i % 9, "", ""});
+    ASSERT_EQ(log.entries().size(), 1000u);
+    EXPECT_EQ(log.entries().front().what, "entry 1001");
+    EXPECT_EQ(log.entries().back().what, "entry 2");
+    EXPECT_EQ(sunk.size(), 1001u);
+    EXPECT_EQ(LineLog::line({"12:00", "No Acknowledge", 2, "AB2", " 02 04"}), "12:00  CAM2 (AB2)  No Acknowledge  [02 04]");
+    EXPECT_EQ(log.text().substr(0, log.text().find('\n')), LineLog::line(log.entries().front()));
+}
+
+}  // namespace
+}  // namespace station
