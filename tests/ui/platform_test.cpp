@@ -1,6 +1,8 @@
 // The Qt implementations of the station's platform: message boxes, file dialogs and the
 // serial port on a pseudo-terminal.
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QMessageBox>
@@ -15,7 +17,9 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 
+#include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 #include "ui/file_filter.hpp"
 #include "ui/qt_file_dialogs.hpp"
@@ -175,6 +179,42 @@ private slots:
             QVERIFY(QString::fromStdString(e.what()).contains(QStringLiteral("/nonexistent/tty")));
         }
         QVERIFY(!port.isOpen());
+    }
+
+    void serialPortReportsAHungUpDeviceAndOpensAgainWithoutStaleInput() {
+        auto pty = std::make_unique<Pty>();
+        const QString link = QDir::temp().filePath(QStringLiteral("corvane-line-%1").arg(QCoreApplication::applicationPid()));
+        QFile::remove(link);
+        QVERIFY(QFile::link(QString::fromStdString(pty->path), link));
+        QtSerialPort port(link.toStdString());
+        port.setSettings("9600,N,8,1");
+        port.open();
+
+        pty.reset();  // the adapter pulled out
+        bool lost = false;
+        for (int i = 0; i < 50 && !lost; ++i) {
+            QTest::qWait(10);
+            try {
+                port.bytesWaiting();
+            } catch (const LineFault& fault) {
+                lost = QString::fromLatin1(fault.what()).contains(link);
+            }
+        }
+        QVERIFY(lost);
+        port.close();
+
+        pty = std::make_unique<Pty>();  // plugged in again at the same path
+        QFile::remove(link);
+        QVERIFY(QFile::link(QString::fromStdString(pty->path), link));
+        QCOMPARE(::write(pty->master, "\x06", 1), ssize_t(1));  // waiting before the open
+        QTest::qWait(20);
+        port.open();
+        QTest::qWait(50);
+        QCOMPARE(port.bytesWaiting(), 0);
+        port.write(bytesOf({0x06}));
+        // A fresh terminal echoes ("^F") what came before the port made it raw.
+        QVERIFY(pty->read(3).endsWith('\x06'));
+        QFile::remove(link);
     }
 };
 

@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QtTest>
 
@@ -11,6 +12,7 @@
 #include "tests/ui/view_rig.hpp"
 #include "ui/auto_message_window.hpp"
 #include "ui/camera_set_window.hpp"
+#include "ui/line_log_window.hpp"
 #include "ui/level_bar.hpp"
 
 using namespace station;
@@ -177,6 +179,35 @@ private slots:
         dialog.close();
         QVERIFY(!rig.station.form4.form.Visible);
         QVERIFY(!dialog.isVisible());
+    }
+
+    void lineStateShowsInTheStatusBarTheCameraButtonsAndTheLineLog() {
+        ViewRig rig;
+        auto& status = rig.main<QLabel>("lineStatus");
+        QVERIFY(status.text().endsWith(QStringLiteral("9600bps  |  Ack On  |  Camera ID off  |  connected")));
+        QVERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().contains(QStringLiteral("not heard yet")));
+
+        rig.station.link.SendCmd("200801FE");
+        QTRY_VERIFY(!rig.port.writes.empty());
+        rig.port.arrive(bytesOf({0x06}));
+        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().contains(QStringLiteral("answering")));
+
+        rig.port.hungUp = true;
+        QTRY_VERIFY(status.text().endsWith(QStringLiteral("lost (fake: the device hung up)")));
+        QVERIFY(rig.messages.shown.empty());
+
+        ui::MainMenus& menus = rig.view->mainWindow().menus();
+        rig.port.hungUp = false;
+        menus.action(QStringLiteral("Built-in simulated line"))->trigger();
+        QVERIFY(status.text().startsWith(QStringLiteral("simulated line  |")));
+        QVERIFY(status.text().endsWith(QStringLiteral("connected")));
+
+        menus.action(QStringLiteral("Line log"))->trigger();
+        auto& log = rig.view->lineLogWindow();
+        QVERIFY(log.isVisible());
+        QCOMPARE(log.windowTitle(), QStringLiteral("Line log"));
+        const QString text = rig.widget<QPlainTextEdit>(log, "lineLogText").toPlainText();
+        QVERIFY(text.indexOf(QStringLiteral("Line connected: simulated line")) < text.indexOf(QStringLiteral("Line lost")));
     }
 
     void quitStopsTheTimersAndEndsOnce() {
