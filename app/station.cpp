@@ -1,5 +1,6 @@
 #include "app/station.hpp"
 
+#include <cctype>
 #include <system_error>
 
 #include "common/line_fault.hpp"
@@ -107,8 +108,9 @@ void Station::QUIT_Click() {
 }
 
 void Station::tellNotConnected() {
-    messages_.show(line.reason() + "\rThe station works without the line and tries " + line.deviceText() +
-                       " again about once a second.",
+    std::string reason = line.reason();
+    if (!reason.empty()) reason[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(reason[0])));
+    messages_.show(reason + "\rThe station works without the line and tries it again about once a second.",
                    Icon::Exclamation);
 }
 
@@ -203,7 +205,7 @@ void Station::poll(const std::function<void()>& tick) {
     } catch (const RuntimeError& error) {
         if (loaded_) shared.CtrlReady = 1;
         form1.faultLine.Caption = "Line: " + errorText(error);
-        line.note(errorText(error));
+        line.noteHex(errorText(error), link.Label11.Caption);  // with the bytes last received
         return;
     } catch (const LineFault& fault) {
         line.lost(fault.what());

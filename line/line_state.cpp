@@ -20,16 +20,18 @@ std::string headerId(const std::string& id) {
 LineState::LineState(const Shared& shared, SerialPort& port, std::function<Clock::time_point()> clock)
     : shared_(shared), port_(port), clock_(std::move(clock)) {}
 
-std::string LineState::deviceText() const { return choice_.simulated ? "simulated line" : choice_.device; }
+std::string LineState::deviceText() const {
+    if (choice_.simulated) return "simulated line";
+    return choice_.device.empty() ? "COM1" : choice_.device;
+}
 
 std::string LineState::versionPortName() const {
-    if (!choice_.simulated && (choice_.device.empty() || choice_.device == "/dev/ttyS0")) return "COM1";
-    return deviceText();
+    return !choice_.simulated && choice_.device == "/dev/ttyS0" ? "COM1" : deviceText();
 }
 
 std::string LineState::stateText() const {
     switch (condition_) {
-    case LineCondition::Connected: return "connected";
+    case LineCondition::Connected: return reopenedAt_.empty() ? "connected" : "connected (reopened " + reopenedAt_ + ")";
     case LineCondition::NotConnected: return "not connected (" + reason_ + ")";
     case LineCondition::Lost: return "lost (" + reason_ + ")";
     }
@@ -53,6 +55,7 @@ bool LineState::open() {
         return false;
     }
     note(everConnected_ ? "Line reopened: " + deviceText() : "Line connected: " + deviceText(), {}, 0);
+    reopenedAt_ = everConnected_ ? log.entries().front().time : std::string();
     everConnected_ = true;
     setCondition(LineCondition::Connected, {});
     return true;
@@ -62,6 +65,7 @@ bool LineState::choose(PortChoice choice) {
     port_.close();
     choice_ = std::move(choice);
     everConnected_ = false;
+    reason_.clear();  // a failure of the new device is logged even if the old one failed alike
     condition_ = LineCondition::NotConnected;
     if (switchPort) switchPort(choice_);
     if (remember) remember(choice_);
@@ -89,8 +93,12 @@ bool LineState::takeCleanFrame() {
 }
 
 void LineState::note(const std::string& what, const Bytes& frame, int camera) {
+    noteHex(what, frame.empty() ? std::string() : spacedHex(frame), camera);
+}
+
+void LineState::noteHex(const std::string& what, const std::string& frameHex, int camera) {
     if (camera < 0) camera = lastCamera_;
-    LineLogEntry entry{clockText(now()), what, camera, {}, frame.empty() ? std::string() : spacedHex(frame)};
+    LineLogEntry entry{clockText(now()), what, camera, {}, frameHex};
     if (camera >= 1 && camera <= kMaxCamera) entry.id = shared_.cams.CamID(camera);
     log.add(std::move(entry));
 }

@@ -58,12 +58,13 @@ public:
     bool connected() const { return condition_ == LineCondition::Connected; }
     LineCondition condition() const { return condition_; }
     const std::string& reason() const { return reason_; }
-    // "simulated line", or the device.
+    // "simulated line", the device, or "COM1" when none was named.
     std::string deviceText() const;
     // Port 1's name in the version box: "COM1" when it is the system's first serial port
     // (or no device was named), else the device or "simulated line".
     std::string versionPortName() const;
-    // "connected", "not connected (reason)" or "lost (reason)".
+    // "connected" (with the time it was reopened, if it was), "not connected (reason)" or
+    // "lost (reason)".
     std::string stateText() const;
 
     // Whether a frame from a camera has been received and acknowledged cleanly since the
@@ -72,6 +73,8 @@ public:
 
     // Adds an entry to the log; `camera` -1 is the camera last talked to.
     void note(const std::string& what, const Bytes& frame = {}, int camera = -1);
+    // The same with the bytes already as spaced hex text (" 02 03 40").
+    void noteHex(const std::string& what, const std::string& frameHex, int camera = -1);
     int lastCamera() const { return lastCamera_; }
     Clock::time_point now() const { return clock_(); }
 
@@ -96,6 +99,7 @@ private:
     LineCondition condition_ = LineCondition::NotConnected;
     std::string reason_ = "not opened yet";
     bool everConnected_ = false;
+    std::string reopenedAt_;  // the time of the last reopen, while connected since
     int retryCount_ = 0;
     int lastCamera_ = 0;
     bool cleanFrame_ = false;
