@@ -133,10 +133,10 @@ TEST(Line, EachCameraShowsWhetherItAnswersAndTheLogNamesIt) {
     r.station.shared.CamNo = 2;          // camera 2 stays silent
     r.station.link.SendCmd("30187F00");
     r.run(1200);
-    r.station.shared.CamNo = 3;          // camera 3 sends a reply after its ACK
-    r.station.link.SendCmd("3318");
+    r.station.shared.CamNo = 3;          // camera 3 sends an auto-setup result after its ACK
+    r.station.link.SendCmd("4020");
     r.run(40);
-    r.rig.port.arrive(wire("06 02 03 40 00 00 BC FF"));
+    r.rig.port.arrive(wire("06 02 03 40 20 13 89 FF"));
     r.run(40);
 
     EXPECT_EQ(state(1), Answer::Answering);
@@ -147,7 +147,10 @@ TEST(Line, EachCameraShowsWhetherItAnswersAndTheLogNamesIt) {
     r.clock += 61s;
     EXPECT_EQ(state(1), Answer::Quiet);
     EXPECT_EQ(r.rig.messages.texts(), (std::vector<std::string>{"No Acknowledge"}));
-    const LineLogEntry& failed = r.station.line.log.entries().front();
+    const LineLogEntry& ng = r.station.line.log.entries().at(0);
+    EXPECT_EQ(ng.what, "Auto setup 20 NG : LOW LIGHT");
+    EXPECT_EQ(ng.camera, 3);
+    const LineLogEntry& failed = r.station.line.log.entries().at(1);
     EXPECT_EQ(failed.what, "No Acknowledge");
     EXPECT_EQ(failed.camera, 2);
     EXPECT_EQ(failed.id, "AB2");
