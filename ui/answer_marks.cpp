@@ -36,7 +36,7 @@ AnswerMarks::AnswerMarks(const LineState& line, QWidget& window) : line_(line) {
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
         label->setFixedSize(12, 12);
         label->setAlignment(Qt::AlignCenter);
-        marks_.push_back({button, label, -1, QString()});
+        marks_.push_back({button, label, -1, std::nullopt});
     }
     render();
 }
@@ -48,11 +48,10 @@ void AnswerMarks::render() {
         const int camera = static_cast<int>(i) + 1;
         const Answer state = line_.answers.state(camera, now);
         m.label->move(m.button->width() - m.label->width() - 2, 2);
-        const QString tip = qs(answerText(camera, state, line_.answers.lastAnswer(camera)));
-        if (tip != m.tip) {
-            m.button->setToolTip(tip);
-            m.tip = tip;
-        }
+        const auto last = line_.answers.lastAnswer(camera);
+        if (static_cast<int>(state) == m.shown && last == m.shownLast) continue;
+        m.button->setToolTip(qs(answerText(camera, state, last)));
+        m.shownLast = last;
         if (static_cast<int>(state) == m.shown) continue;
         const Look look = lookOf(state);
         m.label->setText(QString::fromUtf8(look.glyph));

@@ -6,6 +6,7 @@
 
 #include <QString>
 
+#include <optional>
 #include <vector>
 
 #include "line/line_state.hpp"
@@ -26,8 +27,8 @@ private:
     struct Mark {
         QAbstractButton* button;
         QLabel* label;
-        int shown = -1;  // the state last drawn
-        QString tip;
+        int shown = -1;  // the state last drawn, and the answer time in its tooltip
+        std::optional<LineState::Clock::time_point> shownLast;
     };
     const LineState& line_;
     std::vector<Mark> marks_;
