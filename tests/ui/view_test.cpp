@@ -184,30 +184,21 @@ private slots:
     void lineStateShowsInTheStatusBarTheCameraButtonsAndTheLineLog() {
         ViewRig rig;
         auto& status = rig.main<QLabel>("lineStatus");
-        QVERIFY(status.text().endsWith(QStringLiteral("9600bps  |  Ack On  |  Camera ID off  |  connected")));
-        QVERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().contains(QStringLiteral("not heard yet")));
-
         rig.station.link.SendCmd("200801FE");
         QTRY_VERIFY(!rig.port.writes.empty());
         rig.port.arrive(bytesOf({0x06}));
-        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().contains(QStringLiteral("answering")));
-
+        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().startsWith(QStringLiteral("Camera 1: answering")));
         rig.port.hungUp = true;
-        QTRY_VERIFY(status.text().endsWith(QStringLiteral("lost (fake: the device hung up)")));
-        QVERIFY(rig.messages.shown.empty());
+        QTRY_COMPARE(status.text(), QStringLiteral("COM1  |  9600bps  |  Ack On  |  Camera ID off  |  lost (fake: the device hung up)"));
 
         ui::MainMenus& menus = rig.view->mainWindow().menus();
-        rig.port.hungUp = false;
         menus.action(QStringLiteral("Built-in simulated line"))->trigger();
         QVERIFY(status.text().startsWith(QStringLiteral("simulated line  |")));
-        QVERIFY(status.text().endsWith(QStringLiteral("connected")));
-
         menus.action(QStringLiteral("Line log"))->trigger();
-        auto& log = rig.view->lineLogWindow();
-        QVERIFY(log.isVisible());
-        QCOMPARE(log.windowTitle(), QStringLiteral("Line log"));
-        const QString text = rig.widget<QPlainTextEdit>(log, "lineLogText").toPlainText();
-        QVERIFY(text.indexOf(QStringLiteral("Line connected: simulated line")) < text.indexOf(QStringLiteral("Line lost")));
+        QVERIFY(rig.view->lineLogWindow().isVisible());
+        QVERIFY(rig.widget<QPlainTextEdit>(rig.view->lineLogWindow(), "lineLogText")
+                    .toPlainText()
+                    .contains(QStringLiteral("Line lost: fake: the device hung up")));
     }
 
     void quitStopsTheTimersAndEndsOnce() {
