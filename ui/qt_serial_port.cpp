@@ -99,8 +99,8 @@ void QtSerialPort::open() {
 }
 
 int QtSerialPort::bytesWaiting() {
+    checkLine();  // also when Qt has closed the port itself after the error
     if (!isOpen()) return 0;
-    checkLine();
     return static_cast<int>(port_.bytesAvailable());
 }
 
@@ -111,8 +111,8 @@ Bytes QtSerialPort::readAll() {
 }
 
 void QtSerialPort::write(const Bytes& data) {
-    if (!isOpen() || data.empty()) return;
     checkLine();
+    if (!isOpen() || data.empty()) return;
     port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
     port_.flush();
     checkLine();
