@@ -1,5 +1,9 @@
 #include "app/station.hpp"
 
+#include <cctype>
+#include <system_error>
+
+#include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 #include "common/vb_conv.hpp"
 
@@ -7,6 +11,7 @@ namespace station {
 
 Station::Station(const StationPlatform& platform)
     : link(shared, platform.port, platform.messages, *this),
+      line(shared, platform.port, platform.clock),
       console(link),
       cameraTypes(shared, types, stores, platform.messages, platform.definitionFolder),
       setupFile(shared, stores, cameraTypes, platform.messages, platform.dialogs, platform.writer),
@@ -18,6 +23,7 @@ Station::Station(const StationPlatform& platform)
       cameraSet(shared, types, cameraTypes, form4, form1.Label12, form1.Label9),
       port_(platform.port),
       messages_(platform.messages) {
+    link.watch(&line);
     setupFile.InitSet = [this] { InitSet(); };
     // The title names the current setup data file, the one SAVE writes to.
     setupFile.FileNameChanged = [this] {
@@ -51,7 +57,8 @@ void Station::Form_Load() {
     port_.setCommPort(1);
     BaudStr = "9600";
     port_.setSettings(BaudStr + ",N,8,1");
-    port_.open();  // a missing or busy port stops the start-up with the port's own error
+    // Without its device the station starts all the same, and keeps trying it.
+    if (!line.open()) tellNotConnected();
     form1.Speed(0).Checked = true;
 
     link.Timer1.Interval = 40;
@@ -109,8 +116,25 @@ void Station::QUIT_Click() {
     ended_ = true;
 }
 
+void Station::tellNotConnected() {
+    std::string reason = line.reason();
+    if (!reason.empty()) reason[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(reason[0])));
+    messages_.show(reason + "\rThe station works without the line and tries it again about once a second.",
+                   Icon::Exclamation);
+}
+
+void Station::choosePort(PortChoice choice) {
+    if (!line.choose(std::move(choice))) tellNotConnected();
+}
+
+std::string Station::lineStatus() const {
+    return line.deviceText() + "  |  " + BaudStr + "bps  |  " + (shared.AckMode == 1 ? "Ack Off" : "Ack On") +
+           "  |  " + (shared.IDMode == 1 ? "Camera ID on" : "Camera ID off") + "  |  " + line.stateText();
+}
+
 std::string Station::versionText() const {
-    return "Corvane Camera Setup Control 0.13\r" + std::string(7, ' ') + BaudStr + "bps COM1\r" +
+    return "Corvane Camera Setup Control 0.13\r" + std::string(7, ' ') + BaudStr + "bps " + line.versionPortName() +
+           "\r" +
            std::string(19, ' ') + "Copyright (C) Corvane. All rights reserved.";
 }
 
@@ -141,7 +165,13 @@ void Station::Speed_Click(int entry) {
         form1.Speed(1 - entry).Checked = false;
         BaudStr = entry == 0 ? "9600" : "19200";
         // The cameras are not told: they must be set to the same speed by other means.
-        port_.setSettings(BaudStr + ",N,8,1");
+        try {
+            port_.setSettings(BaudStr + ",N,8,1");
+        } catch (const std::system_error& e) {
+            speedRefused(e.what());
+        } catch (const LineFault& e) {
+            speedRefused(e.what());
+        }
     });
 }
 
@@ -163,13 +193,35 @@ void Station::act(const std::function<void()>& action) {
     }
 }
 
+void Station::speedRefused(const std::string& reason) {
+    line.note("Speed " + BaudStr + " refused: " + reason, {}, 0);
+    messages_.show(line.deviceText() + " refused " + BaudStr + " bit/s: " + reason, Icon::Exclamation);
+}
+
+void Station::Timer1_Timer() {
+    if (!line.connected()) {
+        line.retryTick();
+        if (line.connected()) poll([this] { link.lineBack(); });
+        return;
+    }
+    poll([this] { link.Timer1_Timer(); });
+}
+
 void Station::poll(const std::function<void()>& tick) {
+    line.takeCleanFrame();
     try {
         tick();
     } catch (const RuntimeError& error) {
         if (loaded_) shared.CtrlReady = 1;
         form1.faultLine.Caption = "Line: " + errorText(error);
+        line.noteHex(errorText(error), link.Label11.Caption);  // with the bytes last received
+        return;
+    } catch (const LineFault& fault) {
+        line.lost(fault.what());
+        return;
     }
+    // A frame received and acknowledged cleanly shows the line works again.
+    if (line.takeCleanFrame()) form1.faultLine.Caption.clear();
 }
 
 void Station::RecModeMain(const std::string& c, const std::string& a, const std::string& d) {
@@ -184,6 +236,10 @@ void Station::RecAnalogMain(const std::string& c, const std::string& a, const st
 void Station::RecAnalogFunc(const std::string& c, const std::string& a, const std::string& d, const std::string& d2) {
     editor.RecAnalogFunc(c, a, d, d2);
 }
-void Station::RecAuto(const std::string& op, const std::string& result) { autoSetup.RecAuto(op, result); }
+void Station::RecAuto(const std::string& op, const std::string& result) {
+    autoSetup.RecAuto(op, result);
+    const std::string text = AutoSetup::resultText(result);
+    if (text.rfind("NG", 0) == 0) line.note("Auto setup " + op + " " + text);
+}
 
 }  // namespace station

@@ -9,6 +9,7 @@
 // line's poll runs into (a frame the station cannot take) is shown in the main window's
 // fault line instead, since a busy line could raise one every few ticks.
 
+#include <chrono>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -22,6 +23,7 @@
 #include "common/serial_port.hpp"
 #include "common/shared.hpp"
 #include "funcedit/function_editor.hpp"
+#include "line/line_state.hpp"
 #include "link/console.hpp"
 #include "link/link.hpp"
 #include "panel/form1.hpp"
@@ -42,6 +44,8 @@ struct StationPlatform {
     FileDialogs& dialogs;
     FileWriter& writer;
     std::filesystem::path definitionFolder = ".";
+    // The time of day for the line log and the cameras' last answers.
+    std::function<std::chrono::system_clock::time_point()> clock = [] { return std::chrono::system_clock::now(); };
 };
 
 class Station : private ReplyDecoders {
@@ -67,6 +71,12 @@ public:
     void ACK_Click(int entry);
     void Speed_Click(int entry);
 
+    // "Port" in "&Setup": the device of port 1, applied at once; a device that cannot be
+    // opened is told, and tried again about once a second.
+    void choosePort(PortChoice choice);
+    // The status bar: device, speed, "Ack On"/"Ack Off", camera ID, the line's state.
+    std::string lineStatus() const;
+
     // "&File" menu and the toolbar.
     void OPEN_Click() { act([this] { setupFile.CamFileOpen(); }); }
     void SAVE_Click() { act([this] { setupFile.SAVE_Click(); }); }
@@ -74,10 +84,15 @@ public:
     void Command10_Click() { OPEN_Click(); }
     void Command11_Click() { SAVE_Click(); }
 
-    // Timer ticks, as the window's timers deliver them while enabled.
-    void Timer1_Timer() { poll([this] { link.Timer1_Timer(); }); }
-    void Timer2_Timer() { poll([this] { link.Timer2_Timer(); }); }
-    void Timer3_Timer() { poll([this] { link.Timer3_Timer(); }); }
+    // Timer ticks, as the window's timers deliver them while enabled. While the line is
+    // not connected the link's ticks are held and the poll tries the device again.
+    void Timer1_Timer();
+    void Timer2_Timer() {
+        if (line.connected()) poll([this] { link.Timer2_Timer(); });
+    }
+    void Timer3_Timer() {
+        if (line.connected()) poll([this] { link.Timer3_Timer(); });
+    }
     void Timer4_Timer() { act([this] { panel.Timer4_Timer(); }); }
     void Form6Timer_Timer() { act([this] { autoSetup.Timer1_Timer(); }); }
 
@@ -96,6 +111,7 @@ public:
     Form4 form4;
     Form6 form6;
     Link link;
+    LineState line;
     Console console;
     CameraTypes cameraTypes;
     SetupFile setupFile;
@@ -109,6 +125,8 @@ public:
 private:
     void poll(const std::function<void()>& tick);
     void report(const RuntimeError& error);
+    void tellNotConnected();
+    void speedRefused(const std::string& reason);
 
     // Reply dispatch: the panel's decoders first, then the function editor's.
     void RecModeMain(const std::string& c, const std::string& a, const std::string& d) override;

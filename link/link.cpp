@@ -83,6 +83,7 @@ void Link::Timer1_Timer() {
     if (queue_.SendCnt() >= 1 && ackWait_ == -1 && ansWait_ == -1) {
         CommOut(queue_.head().Data);
         ackWait_ = kAckTicks;
+        if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
     }
 }
 
@@ -94,10 +95,12 @@ void Link::consumeReceived(std::size_t available) {
         } else {
             if (first == kAck && ackWait_ > 0) {
                 ackWait_ = -1;
+                if (events_ != nullptr) events_->frameAcknowledged(queue_.head().Data);
                 removeHeadAfterAck();
             } else if (first == kNak && ackWait_ >= 1) {
                 CommOut(queue_.head().Data);
                 ackWait_ = kAckTicks;
+                if (events_ != nullptr) events_->frameSent(queue_.head().Data, true);
             }
             recBuff_.erase(recBuff_.begin());
         }
@@ -130,8 +133,16 @@ bool Link::consumeFrame(std::size_t available) {
         ansWait_ = -1;
         CommOut(ackByte_);
     }
+    if (events_ != nullptr) events_->frameReceived(Bytes(frame.begin(), frame.end()), !bad);
     recBuff_.erase(recBuff_.begin(), recBuff_.begin() + static_cast<std::ptrdiff_t>(n));
     return true;
+}
+
+void Link::lineBack() {
+    if (ackWait_ < 1 || queue_.SendCnt() < 1) return;
+    CommOut(queue_.head().Data);
+    ackWait_ = kAckTicks;
+    if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
 }
 
 void Link::removeHeadAfterAck() {
@@ -144,6 +155,7 @@ void Link::Timer2_Timer() {
     const Integer was = ackWait_;
     ackWait_ = static_cast<Integer>(ackWait_ - 1);
     if (was != 1) return;
+    if (events_ != nullptr) events_->noAcknowledge(queue_.head().Data);
     messages_.show("No Acknowledge", Icon::Exclamation);
     ackWait_ = -1;
     removeHeadAfterAck();
@@ -154,6 +166,7 @@ void Link::Timer3_Timer() {
     const Integer was = ansWait_;
     ansWait_ = static_cast<Integer>(ansWait_ - 1);
     if (was != 1) return;
+    if (events_ != nullptr) events_->noAnswer();
     messages_.show("No Answer from Camera", Icon::Exclamation);
     ansWait_ = -1;
 }

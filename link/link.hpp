@@ -16,6 +16,7 @@
 #include "common/messages.hpp"
 #include "common/serial_port.hpp"
 #include "common/shared.hpp"
+#include "link/link_events.hpp"
 #include "link/reply_decoders.hpp"
 #include "link/send_queue.hpp"
 
@@ -53,6 +54,14 @@ public:
     Integer AnsWait() const { return ansWait_; }
     const Bytes& RecBuff() const { return recBuff_; }
 
+    // The line came back after it was lost: a frame that was awaiting its acknowledge when
+    // the line went may never have reached the camera, so it is sent again and its watch
+    // restarted, as after the camera's NAK. Otherwise nothing happens.
+    void lineBack();
+
+    // Who watches the line; nothing by default. The watcher must outlive the link.
+    void watch(LinkEvents* events) { events_ = events; }
+
     // Timers of the main window that drive the three ticks above.
     Timer Timer1;
     Timer Timer2;
@@ -85,6 +94,7 @@ private:
     const Bytes nakByte_{0x15};
     Integer testCnt_ = 0;
     Bytes testData_;
+    LinkEvents* events_ = nullptr;
 };
 
 }  // namespace station

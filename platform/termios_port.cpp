@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 
 namespace station::platform {
@@ -124,10 +125,17 @@ void TermiosPort::close() {
     fd_ = -1;
 }
 
+void TermiosPort::lost(const std::string& what, int error) const {
+    throw LineFault(device() + ": " + what + (error != 0 ? " (" + std::generic_category().message(error) + ")" : ""));
+}
+
 int TermiosPort::bytesWaiting() {
     if (!isOpen()) return 0;
+    // A hung-up or unplugged device reports it here, before anything is read or written.
+    pollfd p{fd_, POLLIN, 0};
+    if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) lost("the device hung up", 0);
     int n = 0;
-    if (::ioctl(fd_, FIONREAD, &n) != 0) return 0;
+    if (::ioctl(fd_, FIONREAD, &n) != 0) lost("cannot read", errno);
     return n;
 }
 
@@ -142,7 +150,8 @@ Bytes TermiosPort::readAll() {
             continue;
         }
         if (n < 0 && errno == EINTR) continue;
-        break;  // nothing more waiting (EAGAIN), the other end gone (EIO), or end of input
+        if (n < 0 && errno != EAGAIN && errno != EWOULDBLOCK) lost("read failed", errno);
+        break;  // nothing more waiting
     }
     return out;
 }
@@ -161,7 +170,7 @@ void TermiosPort::write(const Bytes& data) {
             pollfd p{fd_, POLLOUT, 0};
             if (::poll(&p, 1, 1000) <= 0) return;
         } else {
-            return;
+            lost("write failed", n < 0 ? errno : 0);
         }
     }
 }

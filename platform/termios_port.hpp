@@ -30,7 +30,9 @@ public:
     bool isOpen() const override { return fd_ >= 0; }
     int bytesWaiting() override;
     Bytes readAll() override;
-    // The station does not check its writes: bytes that cannot be written are lost.
+    // A device that hangs up or fails a read or write raises LineFault naming it.
+    // Bytes the device does not take within a second are lost (the station does not
+    // check its writes).
     void write(const Bytes& data) override;
 
     // The device the selected port stands for.
@@ -48,6 +50,7 @@ private:
     };
     static Settings parse(const std::string& text);
     void apply();
+    [[noreturn]] void lost(const std::string& what, int error) const;
 
     std::string portOne_;
     int port_ = 1;

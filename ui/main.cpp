@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <exception>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -13,6 +14,7 @@
 #include "app/station.hpp"
 #include "camtype/definition_folder.hpp"
 #include "common/runtime_error.hpp"
+#include "line/chosen_port.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/builtin_line.hpp"
 #include "ui/main_window.hpp"
@@ -24,6 +26,7 @@
 #include "ui/remembered_session.hpp"
 #include "ui/remote_control.hpp"
 #include "ui/remote_menu.hpp"
+#include "ui/remembered_port.hpp"
 #include "ui/station_view.hpp"
 
 namespace {
@@ -61,7 +64,6 @@ int main(int argc, char** argv) {
     QApplication::setApplicationVersion(QStringLiteral(STATION_VERSION));
     QApplication::setStyle(QStringLiteral("Fusion"));
 
-
     const std::filesystem::path programFolder = QCoreApplication::applicationDirPath().toStdString();
     const auto samples = samplesFolder(programFolder);
     QSettings settings;
@@ -70,7 +72,7 @@ int main(int argc, char** argv) {
     std::error_code ec;
     const std::filesystem::path definitions =
         definitionFolder(options, remembered.definitionFolder(), std::filesystem::current_path(ec), samples);
-    const auto device = portDevice(options, std::getenv("CORVANE_PORT"));
+    const PortChoice choice = startPort(options, std::getenv("CORVANE_PORT"), rememberedPort());
 
     ModalPause modal;
     QtMessages messages(modal);
@@ -79,28 +81,42 @@ int main(int argc, char** argv) {
     remote::PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
-    std::unique_ptr<QtSerialPort> serial;
+    // Port 1 is whatever the operator chooses: a serial device, or the built-in line of
+    // the sample studio's cameras (made when first chosen).
+    ChosenPort port;
     std::unique_ptr<BuiltinLine> line;
-    std::filesystem::path studio;
-    if (device) {
-        serial = std::make_unique<QtSerialPort>(*device);
-        std::cerr << "corvane-station: serial port 1 is " << *device << "\n";
-    } else {
-        if (!samples) return startFailed("the sample studio for the built-in camera line was not found");
-        studio = *samples / "studio.csd";
-        try {
-            line = std::make_unique<BuiltinLine>(studio);
-        } catch (const std::exception& e) {
-            return startFailed(e.what());
+    const std::filesystem::path studio = samples ? *samples / "studio.csd" : std::filesystem::path();
+    const auto switchPort = [&](const PortChoice& c) {
+        if (!c.simulated) return port.use(std::make_unique<QtSerialPort>(c.device));
+        if (!line && samples) {
+            try {
+                line = std::make_unique<BuiltinLine>(studio);
+            } catch (const std::exception& e) {
+                std::cerr << "corvane-station: " << e.what() << "\n";
+            }
         }
-        std::cerr << "corvane-station: built-in simulated camera line with the cameras of " << studio.string()
-                  << "\n";
-    }
+        if (line) port.use(line->port());
+        else port.use(std::unique_ptr<SerialPort>());
+    };
+    switchPort(choice);
+    if (choice.simulated)
+        std::cerr << "corvane-station: built-in simulated camera line with the cameras of " << studio.string() << "\n";
+    else
+        std::cerr << "corvane-station: serial port 1 is " << choice.device << "\n";
 
-    SerialPort& port = serial ? static_cast<SerialPort&>(*serial) : line->port();
     Station station({port, messages, remoteDialogs, writer, definitions});
-    std::function<void()> beforePoll;
-    if (line) beforePoll = [&line] { line->advance(); };
+    station.line.name(choice);
+    station.line.switchPort = switchPort;
+    station.line.remember = rememberPort;
+    std::ofstream logFile;
+    if (options.logFile) {
+        logFile.open(*options.logFile, std::ios::app);
+        if (!logFile) return startFailed("cannot open the log file " + options.logFile->string());
+        station.line.log.sink = [&logFile](const std::string& entry) { logFile << entry << std::endl; };
+    }
+    const std::function<void()> beforePoll = [&line, &station] {
+        if (line && station.line.choice().simulated) line->advance();
+    };
     StationView view(station, modal, beforePoll);
     view.onEnded = [] { QCoreApplication::quit(); };
 
@@ -108,12 +124,10 @@ int main(int argc, char** argv) {
         station.Form_Load();
     } catch (const RuntimeError& e) {
         return startFailed("Run-time error " + std::to_string(e.number()) + ": " + e.what());
-    } catch (const std::exception& e) {
-        return startFailed("The serial port could not be opened: " + std::string(e.what()));
     }
     std::cerr << "corvane-station: " << station.types.TypeFile(0) << " camera types from " << definitions.string()
               << "\n";
-    if (line) openStudio(station, dialogs, studio);
+    if (line && choice.simulated && station.line.connected()) openStudio(station, dialogs, studio);
     // Only now, so that the sample studio does not join the recent files.
     const RememberedSession session(remembered, view, station, dialogs, writer);
     view.refresh();

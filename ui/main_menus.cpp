@@ -4,6 +4,8 @@
 #include <QMenu>
 #include <QMenuBar>
 
+#include "ui/port_menu.hpp"
+
 namespace station::ui {
 
 namespace {
@@ -41,6 +43,9 @@ MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : 
     for (int i = 0; i < 2; ++i) ack_[i] = entry(setup, QString(), forward, [s, i] { s->ACK_Click(i); }, true);
     setup->addSeparator();
     for (int i = 0; i < 2; ++i) speed_[i] = entry(setup, QString(), forward, [s, i] { s->Speed_Click(i); }, true);
+    setup->addSeparator();
+    port_ = std::make_unique<PortMenu>(station, forward, *setup);
+    entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });
 
     entry(&bar, QStringLiteral("&PC to Camera"), forward, [s] { s->pages.SEND_Click(); });
     entry(&bar, QStringLiteral("&Camera to PC"), forward, [s] { s->pages.READ_Click(); });
@@ -55,6 +60,8 @@ MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : 
     });
     render();
 }
+
+MainMenus::~MainMenus() = default;
 
 void MainMenus::render() {
     Form1& form = station_.form1;

@@ -5,6 +5,8 @@
 
 #include <QString>
 
+#include <memory>
+
 #include "app/station.hpp"
 #include "ui/render.hpp"
 
@@ -13,9 +15,12 @@ class QMenuBar;
 
 namespace station::ui {
 
+class PortMenu;
+
 class MainMenus {
 public:
     MainMenus(Station& station, const Forward& forward, QMenuBar& bar);
+    ~MainMenus();
     void render();
 
     // Every entry, by its text without the "&" marks (tests pick entries this way).
@@ -28,6 +33,7 @@ private:
     QAction* ack_[2];
     QAction* speed_[2];
     QAction* version_;
+    std::unique_ptr<PortMenu> port_;
 };
 
 }  // namespace station::ui

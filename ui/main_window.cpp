@@ -3,9 +3,12 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMenuBar>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "ui/answer_marks.hpp"
 #include "ui/camera_select_view.hpp"
+#include "ui/line_status_view.hpp"
 #include "ui/filter_tally_view.hpp"
 #include "ui/levels_view.hpp"
 #include "ui/mode_view.hpp"
@@ -45,6 +48,9 @@ MainWindow::MainWindow(Station& station, Forward forward)
     setCentralWidget(central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
+    status_ = new LineStatusView(station, this);
+    statusBar()->addWidget(status_, 1);
+    answers_ = std::make_unique<AnswerMarks>(station.line, *cameras_);
     render();
 }
 
@@ -60,6 +66,8 @@ void MainWindow::render() {
     extras_->render();
     monitor_->render();
     menus_->render();
+    status_->render();
+    answers_->render();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

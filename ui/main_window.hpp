@@ -20,6 +20,8 @@ class ModeView;
 class LevelsView;
 class FilterTallyView;
 class MonitorView;
+class LineStatusView;
+class AnswerMarks;
 
 class MainWindow : public QMainWindow {
 public:
@@ -42,6 +44,8 @@ private:
     FilterTallyView* extras_;
     MonitorView* monitor_;
     std::unique_ptr<MainMenus> menus_;
+    LineStatusView* status_;
+    std::unique_ptr<AnswerMarks> answers_;
 };
 
 }  // namespace station::ui

@@ -26,7 +26,9 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption version(QStringLiteral("version"));
     const QCommandLineOption port(QStringLiteral("port"), QString(), QStringLiteral("DEVICE"));
     const QCommandLineOption definitions(QStringLiteral("definitions"), QString(), QStringLiteral("FOLDER"));
-    parser.addOptions({help, version, port, definitions});
+    const QCommandLineOption simulate(QStringLiteral("simulate"));
+    const QCommandLineOption logFile(QStringLiteral("log-file"), QString(), QStringLiteral("FILE"));
+    parser.addOptions({help, version, port, definitions, simulate, logFile});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -47,6 +49,12 @@ Parsed parse(const std::vector<std::string>& args) {
     if (parser.isSet(port)) {
         o.port = parser.value(port).toLocal8Bit().toStdString();
         if (o.port->empty()) o.error = "--port needs a device";
+    }
+    o.simulate = parser.isSet(simulate);
+    if (parser.isSet(logFile)) {
+        const std::string file = parser.value(logFile).toLocal8Bit().toStdString();
+        o.logFile = std::filesystem::path(file);
+        if (file.empty()) o.error = "--log-file needs a file";
     }
     if (parser.isSet(definitions)) {
         const std::string folder = parser.value(definitions).toLocal8Bit().toStdString();
@@ -82,15 +90,20 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 }
 
 std::string programHelp() {
-    return "Usage: corvane-station [--port DEVICE] [--definitions FOLDER] [--version]\n"
+    return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
+           "                       [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
            "\n"
-           "  --port DEVICE        the serial device of port 1, e.g. /dev/ttyUSB0 or the\n"
-           "                       terminal path that camera-sim prints. Without it (and\n"
-           "                       without $CORVANE_PORT) the station runs on its built-in\n"
-           "                       simulated camera line with the sample studio's cameras.\n"
+           "  --port DEVICE        the serial device of port 1 for this run, e.g.\n"
+           "                       /dev/ttyUSB0 or the terminal path that camera-sim\n"
+           "                       prints. Without it (and without $CORVANE_PORT) the\n"
+           "                       station uses the port chosen in \"&Setup\" > \"Port\" last\n"
+           "                       time, at first its built-in simulated camera line.\n"
+           "  --simulate           the built-in simulated camera line with the sample\n"
+           "                       studio's cameras, for this run\n"
+           "  --log-file FILE      append every entry of the line log to FILE\n"
            "  --definitions FOLDER the folder of the camera-type definitions (*.fcl);\n"
            "                       otherwise the remembered folder (\"folder\" under\n"
            "                       [definitions] in ~/.config/corvane-station/\n"
@@ -106,6 +119,14 @@ std::optional<std::string> portDevice(const ProgramOptions& options, const char*
     if (options.port) return options.port;
     if (corvanePortVariable != nullptr && *corvanePortVariable != '\0') return std::string(corvanePortVariable);
     return std::nullopt;
+}
+
+PortChoice startPort(const ProgramOptions& options, const char* corvanePortVariable,
+                     const std::optional<PortChoice>& remembered) {
+    if (options.simulate) return PortChoice{{}, true};
+    if (auto device = portDevice(options, corvanePortVariable)) return PortChoice{*device, false};
+    if (remembered && (remembered->simulated || !remembered->device.empty())) return *remembered;
+    return PortChoice{{}, true};
 }
 
 std::optional<std::filesystem::path> samplesFolder(const std::filesystem::path& programFolder) {

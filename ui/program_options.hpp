@@ -9,11 +9,15 @@
 #include <string>
 #include <vector>
 
+#include "line/line_state.hpp"
+
 namespace station::ui {
 
 struct ProgramOptions {
     std::optional<std::string> port;                  // --port DEVICE
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
+    bool simulate = false;                             // --simulate
+    std::optional<std::filesystem::path> logFile;      // --log-file FILE
     bool help = false;
     bool version = false;
     std::string error;  // not empty: the command line could not be read
@@ -34,6 +38,11 @@ std::string programVersion();  // "corvane-station 0.13"
 // The device for port 1: --port, else $CORVANE_PORT when set and not empty (the variable
 // camera-sim tells its users to set); nothing means the built-in camera line.
 std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable);
+
+// Port 1 for this run: --simulate, else the device of portDevice(), else the choice
+// remembered from the last run, else the built-in simulated line.
+PortChoice startPort(const ProgramOptions& options, const char* corvanePortVariable,
+                     const std::optional<PortChoice>& remembered);
 
 // The folder holding the sample camera types and studio: installed beside the program
 // (<prefix>/share/corvane-station, with the program in <prefix>/bin), else the source

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <vector>
 
+#include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 
 namespace station::ui {
@@ -54,23 +55,54 @@ void QtSerialPort::setSettings(const std::string& settings) {
 }
 
 void QtSerialPort::apply() {
-    port_.setBaudRate(settings_.rate);
-    port_.setParity(settings_.parity);
-    port_.setDataBits(settings_.dataBits);
-    port_.setStopBits(settings_.stopBits);
-    port_.setFlowControl(QSerialPort::NoFlowControl);
+    const bool taken = port_.setBaudRate(settings_.rate) && port_.setParity(settings_.parity) &&
+                       port_.setDataBits(settings_.dataBits) && port_.setStopBits(settings_.stopBits) &&
+                       port_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!taken) {
+        const std::string why = port_.errorString().toStdString();
+        port_.clearError();
+        throw LineFault(device_ + " refused the settings: " + why);
+    }
+}
+
+void QtSerialPort::close() {
+    port_.close();
+    port_.clearError();
+}
+
+void QtSerialPort::checkLine() {
+    // After an error on a hung-up device Qt may stop reading for good: the line is lost,
+    // and only closing and opening again brings it back.
+    const QSerialPort::SerialPortError error = port_.error();
+    if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError || error == QSerialPort::WriteError)
+        throw LineFault(device_ + ": " + port_.errorString().toStdString());
 }
 
 void QtSerialPort::open() {
     if (commPort_ != 1) throw std::runtime_error("serial port " + std::to_string(commPort_) + " has no device");
     if (port_.isOpen()) return;
+    port_.clearError();
     port_.setPortName(QString::fromStdString(device_));
-    if (!port_.open(QIODevice::ReadWrite))
-        throw std::runtime_error("cannot open " + device_ + ": " + port_.errorString().toStdString());
-    apply();
+    if (!port_.open(QIODevice::ReadWrite)) {
+        const std::string why = port_.errorString().toStdString();
+        port_.clearError();
+        throw std::runtime_error("cannot open " + device_ + ": " + why);
+    }
+    try {
+        apply();
+    } catch (...) {
+        close();
+        throw;
+    }
+    // Qt does not drop what waited in the device before it was opened.
+    port_.clear(QSerialPort::Input);
 }
 
-int QtSerialPort::bytesWaiting() { return isOpen() ? static_cast<int>(port_.bytesAvailable()) : 0; }
+int QtSerialPort::bytesWaiting() {
+    checkLine();  // also when Qt has closed the port itself after the error
+    if (!isOpen()) return 0;
+    return static_cast<int>(port_.bytesAvailable());
+}
 
 Bytes QtSerialPort::readAll() {
     if (!isOpen()) return {};
@@ -79,9 +111,11 @@ Bytes QtSerialPort::readAll() {
 }
 
 void QtSerialPort::write(const Bytes& data) {
+    checkLine();
     if (!isOpen() || data.empty()) return;
     port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
     port_.flush();
+    checkLine();
 }
 
 }  // namespace station::ui

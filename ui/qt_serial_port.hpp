@@ -23,11 +23,12 @@ public:
     void setSettings(const std::string& settings) override;
     // Raises std::runtime_error naming the device and the reason when it cannot be opened.
     void open() override;
-    void close() override { port_.close(); }
+    void close() override;
     bool isOpen() const override { return port_.isOpen(); }
     int bytesWaiting() override;
     Bytes readAll() override;
-    // The station does not check its writes: bytes that cannot be written are lost.
+    // A read, write or resource error (a hung-up or unplugged device) raises LineFault
+    // naming the device; a refused setting on an open port does too.
     void write(const Bytes& data) override;
 
     const std::string& device() const { return device_; }
@@ -41,6 +42,7 @@ private:
     };
     static Settings parse(const std::string& text);
     void apply();
+    void checkLine();
 
     std::string device_;
     int commPort_ = 1;

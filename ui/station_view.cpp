@@ -4,6 +4,7 @@
 #include "ui/camera_set_window.hpp"
 #include "ui/console_window.hpp"
 #include "ui/function_window.hpp"
+#include "ui/line_log_window.hpp"
 #include "ui/main_window.hpp"
 
 namespace station::ui {
@@ -16,6 +17,7 @@ StationView::StationView(Station& station, ModalPause& modal, std::function<void
     function_ = std::make_unique<FunctionWindow>(station, forward, main_.get());
     autoMessage_ = std::make_unique<AutoMessageWindow>(station, forward, main_.get());
     console_ = std::make_unique<ConsoleWindow>(station, forward, main_.get());
+    lineLog_ = std::make_unique<LineLogWindow>(station, forward, main_.get());
     modal_.onEnter = [this] { timers_.pause(); };
     modal_.onLeave = [this] { timers_.resume(); };
     refresh();
@@ -46,6 +48,7 @@ void StationView::refresh() {
     function_->render();
     autoMessage_->render();
     console_->render();
+    lineLog_->render();
     timers_.sync();
 }
 

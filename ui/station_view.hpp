@@ -19,6 +19,7 @@ class CameraSetWindow;
 class FunctionWindow;
 class AutoMessageWindow;
 class ConsoleWindow;
+class LineLogWindow;
 
 class StationView {
 public:
@@ -40,6 +41,7 @@ public:
     FunctionWindow& functionWindow() { return *function_; }
     AutoMessageWindow& autoMessageWindow() { return *autoMessage_; }
     ConsoleWindow& consoleWindow() { return *console_; }
+    LineLogWindow& lineLogWindow() { return *lineLog_; }
     StationTimers& timers() { return timers_; }
 
 private:
@@ -53,6 +55,7 @@ private:
     std::unique_ptr<FunctionWindow> function_;
     std::unique_ptr<AutoMessageWindow> autoMessage_;
     std::unique_ptr<ConsoleWindow> console_;
+    std::unique_ptr<LineLogWindow> lineLog_;
 };
 
 }  // namespace station::ui

@@ -2,11 +2,19 @@
 
 #include <stdexcept>
 
+#include "common/line_fault.hpp"
+
 namespace station::testing {
 
 void FakePort::open() {
+    ++opens;
     if (failOpen) throw std::runtime_error("port not available");
     opened = true;
+}
+
+int FakePort::bytesWaiting() {
+    if (hungUp && opened) throw LineFault("fake: the device hung up");
+    return static_cast<int>(incoming.size());
 }
 
 Bytes FakePort::readAll() {
@@ -15,7 +23,10 @@ Bytes FakePort::readAll() {
     return out;
 }
 
-void FakePort::write(const Bytes& data) { writes.push_back(data); }
+void FakePort::write(const Bytes& data) {
+    if (hungUp && opened) throw LineFault("fake: write failed");
+    writes.push_back(data);
+}
 
 Bytes FakePort::takeWritten() {
     Bytes out;

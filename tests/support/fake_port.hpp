@@ -16,7 +16,7 @@ public:
     void open() override;
     void close() override { opened = false; }
     bool isOpen() const override { return opened; }
-    int bytesWaiting() override { return static_cast<int>(incoming.size()); }
+    int bytesWaiting() override;
     Bytes readAll() override;
     void write(const Bytes& data) override;
 
@@ -29,6 +29,8 @@ public:
     std::string settings;
     bool opened = false;
     bool failOpen = false;    // open() raises, as a missing or busy port does
+    bool hungUp = false;      // reads and writes raise LineFault, as an unplugged device's do
+    int opens = 0;            // calls of open()
     std::vector<Bytes> writes;  // one entry per write() call
     Bytes incoming;
 };

@@ -15,7 +15,9 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 
+#include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 #include "ui/file_filter.hpp"
 #include "ui/qt_file_dialogs.hpp"
@@ -34,6 +36,16 @@ void whenModalIsUp(std::function<void(QWidget&)> check) {
         QVERIFY(modal != nullptr);
         check(*modal);
     });
+}
+
+// Whether the port reports its line lost, naming the device.
+bool lostNaming(SerialPort& port, const std::string& device) {
+    try {
+        port.bytesWaiting();
+    } catch (const LineFault& fault) {
+        return std::string(fault.what()).find(device) != std::string::npos;
+    }
+    return false;
 }
 
 // The far end of a pseudo-terminal that the port under test opens as its device.
@@ -175,6 +187,24 @@ private slots:
             QVERIFY(QString::fromStdString(e.what()).contains(QStringLiteral("/nonexistent/tty")));
         }
         QVERIFY(!port.isOpen());
+    }
+
+    void serialPortReportsAHungUpDeviceAndOpensAgainWithoutStaleInput() {
+        auto pty = std::make_unique<Pty>();
+        QtSerialPort port(pty->path);
+        port.open();
+        const std::string device = pty->path;
+        pty.reset();  // the adapter pulled out
+        QTRY_VERIFY(lostNaming(port, device));
+        port.close();
+
+        pty = std::make_unique<Pty>();  // a new terminal: the device back, with a byte waiting
+        QtSerialPort again(pty->path);
+        QCOMPARE(::write(pty->master, "\x06", 1), ssize_t(1));
+        QTest::qWait(20);
+        again.open();
+        QTest::qWait(50);
+        QCOMPARE(again.bytesWaiting(), 0);
     }
 };
 

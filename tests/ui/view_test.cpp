@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QtTest>
 
@@ -11,6 +12,7 @@
 #include "tests/ui/view_rig.hpp"
 #include "ui/auto_message_window.hpp"
 #include "ui/camera_set_window.hpp"
+#include "ui/line_log_window.hpp"
 #include "ui/level_bar.hpp"
 
 using namespace station;
@@ -177,6 +179,23 @@ private slots:
         dialog.close();
         QVERIFY(!rig.station.form4.form.Visible);
         QVERIFY(!dialog.isVisible());
+    }
+
+    void lineStateShowsInTheStatusBarTheCameraButtonsAndTheLineLog() {
+        ViewRig rig;
+        auto& status = rig.main<QLabel>("lineStatus");
+        rig.station.link.SendCmd("200801FE");
+        QTRY_VERIFY(!rig.port.writes.empty());
+        rig.port.arrive(bytesOf({0x06}));
+        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().startsWith(QStringLiteral("Camera 1: answering")));
+        rig.port.hungUp = true;
+        QTRY_COMPARE(status.text(), QStringLiteral("COM1  |  9600bps  |  Ack On  |  Camera ID off  |  lost (fake: the device hung up)"));
+
+        ui::MainMenus& menus = rig.view->mainWindow().menus();
+        menus.action(QStringLiteral("Built-in simulated line"))->trigger();
+        QVERIFY(status.text().startsWith(QStringLiteral("simulated line  |")));
+        menus.action(QStringLiteral("Line log"))->trigger();
+        QVERIFY(rig.widget<QPlainTextEdit>(rig.view->lineLogWindow(), "lineLogText").toPlainText().contains("Line lost"));
     }
 
     void quitStopsTheTimersAndEndsOnce() {
