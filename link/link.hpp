@@ -52,6 +52,9 @@ public:
     Integer AckWait() const { return ackWait_; }
     Integer AnsWait() const { return ansWait_; }
     const Bytes& RecBuff() const { return recBuff_; }
+    // Bytes written to and read from the line so far: a tick that moved none changed
+    // nothing the windows show of the line.
+    std::uint64_t traffic() const { return traffic_; }
 
     // Timers of the main window that drive the three ticks above.
     Timer Timer1;
@@ -78,6 +81,7 @@ private:
     ReplyDecoders& decoders_;
 
     SendQueue queue_;
+    std::uint64_t traffic_ = 0;
     Integer ackWait_ = 0;  // -1 idle, 10..1 counting down after a send
     Integer ansWait_ = 0;  // -1 idle, 50..1 counting down after a bad frame
     Bytes recBuff_;

@@ -8,6 +8,7 @@
 #include "ui/camera_select_view.hpp"
 #include "ui/filter_tally_view.hpp"
 #include "ui/levels_view.hpp"
+#include "ui/main_tooltips.hpp"
 #include "ui/mode_view.hpp"
 #include "ui/monitor_view.hpp"
 #include "ui/scene_view.hpp"
@@ -45,6 +46,12 @@ MainWindow::MainWindow(Station& station, Forward forward)
     setCentralWidget(central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
+    keys_ = std::make_unique<MainKeys>(station.form1, forward_, *this, *menus_);
+    std::vector<QWidget*> reading{cameras_, scenes_, transfer_};
+    for (QWidget* group : gridOrder(*modes_)) reading.push_back(group);
+    reading.insert(reading.end(), {extras_, levels_});
+    setReadingOrder(reading);
+    explainMainWindow(*this);
     render();
 }
 
@@ -60,6 +67,7 @@ void MainWindow::render() {
     extras_->render();
     monitor_->render();
     menus_->render();
+    keys_->render();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

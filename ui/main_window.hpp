@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "app/station.hpp"
+#include "ui/main_keys.hpp"
 #include "ui/main_menus.hpp"
 #include "ui/render.hpp"
 
@@ -42,6 +43,7 @@ private:
     FilterTallyView* extras_;
     MonitorView* monitor_;
     std::unique_ptr<MainMenus> menus_;
+    std::unique_ptr<MainKeys> keys_;
 };
 
 }  // namespace station::ui

@@ -19,6 +19,7 @@ QGroupBox* groupBox(const QString& title, const QString& name, QWidget* parent) 
 void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, int columns) {
     auto* grid = new QGridLayout(box);
     grid->setSpacing(2);
+    buttons.setColumns(columns);
     for (int i = group.lo(); i <= group.hi(); ++i)
         grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns);
 }
@@ -82,8 +83,7 @@ ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidg
 void ModeView::render() {
     for (auto& group : groups_) group->render();
     for (int i = 0; i <= 2; ++i) showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
-    monitor_->setTitle(qs(form_.Frame12.Caption));
-    monitor_->setEnabled(form_.Frame12.Enabled);
+    showFrame(*monitor_, form_.Frame12);
 }
 
 }  // namespace station::ui

@@ -4,6 +4,9 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 
+#include "ui/colour_button.hpp"
+#include "ui/group_keys.hpp"
+
 namespace station::ui {
 
 OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look look, QWidget* parent,
@@ -16,13 +19,14 @@ OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look l
             radio->setAutoExclusive(false);  // the model, not Qt, keeps one button selected
             b = radio;
         } else {
-            b = new QPushButton(parent);
+            b = new ColourButton(parent);
         }
         b->setCheckable(true);
         b->setObjectName(QString::fromStdString(name + "(" + std::to_string(i) + ")"));
         QObject::connect(b, &QAbstractButton::clicked, [clicked, i] { clicked(i); });
         buttons_.push_back(b);
     }
+    keys_ = new GroupKeys(buttons_, look == Look::Radio, parent);
     render();
 }
 
@@ -34,12 +38,17 @@ void OptionButtons::render() {
     for (int i = group_.lo(); i <= group_.hi(); ++i) {
         QAbstractButton& b = button(i);
         const OptionGroup::Button& model = group_[i];
-        const QSignalBlocker quiet(b);
-        b.setText(qs(model.Caption));
-        b.setChecked(model.Value);
-        b.setEnabled(group_.Enabled);
-        if (look_ == Look::Push) setBackColour(b, model.BackColor);
+        if (!sameText(b.text(), model.Caption)) b.setText(qs(model.Caption));
+        if (b.isChecked() != model.Value) {
+            const QSignalBlocker quiet(b);
+            b.setChecked(model.Value);
+        }
+        showEnabled(b, group_.Enabled);
+        if (look_ == Look::Push) static_cast<ColourButton&>(b).setColour(model.BackColor);
     }
+    keys_->follow(group_.selected() - group_.lo());
 }
+
+void OptionButtons::setColumns(int columns) { keys_->setColumns(columns); }
 
 }  // namespace station::ui

@@ -2,7 +2,8 @@
 // An option-button control array shown as Qt buttons: round radio buttons for the mode
 // groups, or push buttons that carry the model's back colour (camera and scene buttons).
 // The model decides which button is selected: a click is forwarded, and the next redraw
-// shows the model's choice, even when that means no button at all.
+// shows the model's choice, even when that means no button at all. The group is one Tab
+// stop with the arrow keys inside it (see GroupKeys).
 
 #include <QAbstractButton>
 
@@ -17,6 +18,8 @@ class QWidget;
 
 namespace station::ui {
 
+class GroupKeys;
+
 class OptionButtons {
 public:
     enum class Look { Radio, Push };
@@ -27,11 +30,14 @@ public:
 
     QAbstractButton& button(int index);
     void render();
+    // Buttons per row as laid out, for the Up and Down keys (0: all in one row).
+    void setColumns(int columns);
 
 private:
     OptionGroup& group_;
     Look look_;
     std::vector<QAbstractButton*> buttons_;  // owned by their parent widget
+    GroupKeys* keys_;                        // owned by the parent widget too
 };
 
 }  // namespace station::ui

@@ -9,7 +9,7 @@
 namespace station::ui {
 
 StationView::StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll)
-    : station_(station), modal_(modal), timers_(station, [this] { refresh(); }, std::move(beforePoll)) {
+    : station_(station), modal_(modal), timers_(station, [this] { afterTick(); }, std::move(beforePoll)) {
     const Forward forward = [this](const Gesture& gesture) { this->forward(gesture); };
     main_ = std::make_unique<MainWindow>(station, forward);
     cameraSet_ = std::make_unique<CameraSetWindow>(station, forward, main_.get());
@@ -47,6 +47,22 @@ void StationView::refresh() {
     autoMessage_->render();
     console_->render();
     timers_.sync();
+    shown_ = tickState();
+}
+
+StationView::TickState StationView::tickState() const {
+    const Link& link = station_.link;
+    return {link.traffic(),        link.queue().SendCnt(),         link.AckWait(),
+            link.AnsWait(),        link.TestCnt(),                 station_.form1.faultLine.Caption,
+            station_.form6.form.Visible, station_.form6.Label2.Caption};
+}
+
+void StationView::afterTick() {
+    if (!ended_ && !station_.ended() && tickState() == shown_) {
+        timers_.sync();
+        return;
+    }
+    refresh();
 }
 
 }  // namespace station::ui
