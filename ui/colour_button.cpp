@@ -4,6 +4,8 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+#include <algorithm>
+
 #include "common/controls.hpp"
 #include "ui/render.hpp"
 
@@ -15,6 +17,12 @@ void ColourButton::setColour(std::uint32_t bgr) {
     if (bgr == colour_) return;
     colour_ = bgr;
     update();
+}
+
+QSize ColourButton::sizeHint() const {
+    QSize size = QPushButton::sizeHint();
+    size.setWidth(std::max(minimumWidth(), fontMetrics().horizontalAdvance(text()) + 2 * fontMetrics().height()));
+    return size;
 }
 
 const QPalette& ColourButton::paletteFor(std::uint32_t bgr) {

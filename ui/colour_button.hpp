@@ -21,6 +21,10 @@ public:
     void setColour(std::uint32_t bgr);
     std::uint32_t colour() const { return colour_; }
 
+    // As wide as its text needs (the style's push buttons ask for at least 80 pixels), so
+    // that a row of camera buttons or a block of tiles stays compact.
+    QSize sizeHint() const override;
+
 protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;

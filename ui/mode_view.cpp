@@ -50,7 +50,8 @@ ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidg
         QGroupBox* box = groupBox(QString::fromLatin1(s.title), QString::fromLatin1(s.name) + "Frame", this);
         groups_.at(static_cast<std::size_t>(n)) = make(s.group, s.name, box);
         layOut(box, *groups_.at(static_cast<std::size_t>(n)), s.group, 1);
-        grid->addWidget(box, 0, n < 3 ? n : n + 1);
+        // Two rows of three: BARS, DETAIL, SHUTTER over GAIN, WHITE, IRIS.
+        grid->addWidget(box, n < 3 ? 0 : 1, n < 3 ? n : n - 2);
         ++n;
     }
 
@@ -71,12 +72,16 @@ ModeView::ModeView(Form1& form, const Forward& forward, QWidget* parent) : QWidg
         gainSteps_.at(static_cast<std::size_t>(i)) = step;
         gainGrid->addWidget(step, i, 1);
     }
-    grid->addWidget(gain, 0, 3);
+    grid->addWidget(gain, 1, 0);
 
     monitor_ = groupBox(QString(), QStringLiteral("Frame12"), this);
-    groups_.at(6) = make(form.OptMonsel, "OptMonsel", monitor_);
+    // The 32 monitor outputs as a compact block of tiles, eight to a row.
+    groups_.at(6) = std::make_unique<OptionButtons>(
+        form.OptMonsel, "OptMonsel", OptionButtons::Look::Tile, monitor_,
+        [g = &form.OptMonsel, forward](int i) { forward([g, i] { g->click(i); }); });
     layOut(monitor_, *groups_.at(6), form.OptMonsel, 8);
-    grid->addWidget(monitor_, 1, 0, 1, 6);
+    grid->addWidget(monitor_, 2, 0, 1, 3);
+    grid->setRowStretch(3, 1);  // on a tall window the groups keep their height; the levels grow
     render();
 }
 

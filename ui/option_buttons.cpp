@@ -18,6 +18,10 @@ OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look l
             auto* radio = new QRadioButton(parent);
             radio->setAutoExclusive(false);  // the model, not Qt, keeps one button selected
             b = radio;
+        } else if (look == Look::Tile) {
+            auto* tile = new ColourButton(parent);
+            tile->setMinimumWidth(34);
+            b = tile;
         } else {
             b = new ColourButton(parent);
         }
@@ -26,7 +30,7 @@ OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look l
         QObject::connect(b, &QAbstractButton::clicked, [clicked, i] { clicked(i); });
         buttons_.push_back(b);
     }
-    keys_ = new GroupKeys(buttons_, look == Look::Radio, parent);
+    keys_ = new GroupKeys(buttons_, look != Look::Push, parent);
     render();
 }
 
@@ -44,7 +48,9 @@ void OptionButtons::render() {
             b.setChecked(model.Value);
         }
         showEnabled(b, group_.Enabled);
+        // A tile shows its choice in the selected colour, as the camera and scene buttons do.
         if (look_ == Look::Push) static_cast<ColourButton&>(b).setColour(model.BackColor);
+        if (look_ == Look::Tile) static_cast<ColourButton&>(b).setColour(model.Value ? kColourSelected : model.BackColor);
     }
     keys_->follow(group_.selected() - group_.lo());
 }

@@ -22,7 +22,9 @@ class GroupKeys;
 
 class OptionButtons {
 public:
-    enum class Look { Radio, Push };
+    // Tile: small square push buttons, for a large group such as the 32 monitor outputs;
+    // like radio buttons, an arrow key selects the button it moves to.
+    enum class Look { Radio, Push, Tile };
 
     // Buttons are children of `parent` and named "<name>(<index>)"; the caller lays them out.
     OptionButtons(OptionGroup& group, const std::string& name, Look look, QWidget* parent,

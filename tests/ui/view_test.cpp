@@ -58,6 +58,8 @@ private slots:
         for (int level : {20, 30, 40}) {
             bar.setSliderPosition(ui::LevelBar::positionOf(rig.station.form1.VrDtl, level));
             rig.view->refresh();  // the timers' redraws leave the thumb under the pointer
+            // and its number follows it
+            QCOMPARE(rig.main<QLabel>("VrDtl.number").text(), QString::number(level));
         }
         QCOMPARE(bar.sliderPosition(), ui::LevelBar::positionOf(rig.station.form1.VrDtl, 40));
         QVERIFY(rig.takeQueued().empty());
