@@ -21,7 +21,8 @@ void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, in
     grid->setSpacing(2);
     buttons.setColumns(columns);
     for (int i = group.lo(); i <= group.hi(); ++i)
-        grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns);
+        grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns,
+                        columns == 1 ? Qt::AlignLeft : Qt::Alignment());
 }
 
 }  // namespace

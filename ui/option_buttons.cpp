@@ -17,6 +17,8 @@ OptionButtons::OptionButtons(OptionGroup& group, const std::string& name, Look l
         if (look == Look::Radio) {
             auto* radio = new QRadioButton(parent);
             radio->setAutoExclusive(false);  // the model, not Qt, keeps one button selected
+            // No wider than its text: a click beside the text would select nothing.
+            radio->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
             b = radio;
         } else if (look == Look::Tile) {
             auto* tile = new ColourButton(parent);
