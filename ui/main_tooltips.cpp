@@ -74,7 +74,7 @@ void explainMainWindow(QWidget& window) {
             if (w->objectName().startsWith(name + QLatin1Char('('))) w->setToolTip(text);
     }
     tip(window, QStringLiteral("Option9(0)"),
-        QStringLiteral("GROUP (key %1): the panel's commands go to every camera at once, without acknowledge. "
+        QStringLiteral("GROUP (key %1): the panel's commands go to the whole group of cameras, without acknowledge. "
                        "Selecting sends nothing.")
             .arg(MainKeys::cameraKey(0)));
     for (int camera = 1; camera <= 8; ++camera)

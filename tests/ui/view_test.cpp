@@ -68,6 +68,27 @@ private slots:
         QCOMPARE(rig.main<QLabel>("VrDtl.number").text(), QStringLiteral("40"));
     }
 
+    void aQuietLineRepaintsNothing() {
+        ViewRig rig;
+        QWidget& window = rig.view->mainWindow();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTest::qWait(100);
+        struct PaintCount : QObject {
+            int paints = 0;
+            bool eventFilter(QObject*, QEvent* event) override {
+                if (event->type() == QEvent::Paint) ++paints;
+                return false;
+            }
+        } count;
+        qApp->installEventFilter(&count);
+        QTest::qWait(300);  // seven polls with nothing on the line
+        QCOMPARE(count.paints, 0);
+        rig.port.arrive(buildFrame("322B40", FrameHeader{}));  // a master black reply is shown
+        QTRY_VERIFY(count.paints > 0);
+        qApp->removeEventFilter(&count);
+    }
+
     void faultLineAppearsWhenThePollRunsIntoAFault() {
         ViewRig rig;
         auto& fault = rig.main<QLabel>("faultLine");
