@@ -37,6 +37,7 @@ void Link::SendCmd(const std::string& cmdStr) {
 
 void Link::CommOut(const Bytes& data) {
     port_.write(data);
+    traffic_ += data.size();
     MonSend(data);
 }
 
@@ -52,6 +53,7 @@ void Link::setTestData(Integer count, Bytes data) {
 
 void Link::appendReceived(const Bytes& data) {
     MonRec(data);
+    traffic_ += data.size();
     recBuff_.insert(recBuff_.end(), data.begin(), data.end());
 }
 

@@ -53,6 +53,9 @@ public:
     Integer AckWait() const { return ackWait_; }
     Integer AnsWait() const { return ansWait_; }
     const Bytes& RecBuff() const { return recBuff_; }
+    // Bytes written to and read from the line so far: a tick that moved none changed
+    // nothing the windows show of the line.
+    std::uint64_t traffic() const { return traffic_; }
 
     // The line came back after it was lost: a frame that was awaiting its acknowledge when
     // the line went may never have reached the camera, so it is sent again and its watch
@@ -87,6 +90,7 @@ private:
     ReplyDecoders& decoders_;
 
     SendQueue queue_;
+    std::uint64_t traffic_ = 0;
     Integer ackWait_ = 0;  // -1 idle, 10..1 counting down after a send
     Integer ansWait_ = 0;  // -1 idle, 50..1 counting down after a bad frame
     Bytes recBuff_;

@@ -36,7 +36,7 @@ AnswerMarks::AnswerMarks(const LineState& line, QWidget& window) : line_(line) {
         label->setAttribute(Qt::WA_TransparentForMouseEvents);
         label->setFixedSize(12, 12);
         label->setAlignment(Qt::AlignCenter);
-        marks_.push_back({button, label, -1, std::nullopt});
+        marks_.push_back({button, label, button->toolTip(), -1, std::nullopt});
     }
     render();
 }
@@ -50,7 +50,8 @@ void AnswerMarks::render() {
         m.label->move(m.button->width() - m.label->width() - 2, 2);
         const auto last = line_.answers.lastAnswer(camera);
         if (static_cast<int>(state) == m.shown && last == m.shownLast) continue;
-        m.button->setToolTip(qs(answerText(camera, state, last)));
+        const QString answer = qs(answerText(camera, state, last));
+        m.button->setToolTip(m.tip.isEmpty() ? answer : m.tip + QLatin1Char('\n') + answer);
         m.shownLast = last;
         if (static_cast<int>(state) == m.shown) continue;
         const Look look = lookOf(state);

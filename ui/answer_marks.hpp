@@ -1,8 +1,8 @@
 #pragma once
 // Which camera answers, on the camera buttons: a small mark in each button's corner
 // (green dot answering, grey dot quiet for a minute, hollow ring not heard yet, amber
-// triangle not answering) and the state with the time of the last answer as the button's
-// tooltip. Kept apart from the buttons' own look, which only the buttons' view sets.
+// triangle not answering) and the state with the time of the last answer below the
+// button's own tooltip. Kept apart from the buttons' own look, which only the buttons' view sets.
 
 #include <QString>
 
@@ -27,6 +27,7 @@ private:
     struct Mark {
         QAbstractButton* button;
         QLabel* label;
+        QString tip;  // the button's own tooltip, which the answer state follows
         int shown = -1;  // the state last drawn, and the answer time in its tooltip
         std::optional<LineState::Clock::time_point> shownLast;
     };

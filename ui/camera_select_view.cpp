@@ -49,8 +49,7 @@ CameraSelectView::CameraSelectView(Form1& form, const Forward& forward, QWidget*
 }
 
 void CameraSelectView::render() {
-    setTitle(qs(form_.cameraSelect.Caption));
-    setEnabled(form_.cameraSelect.Enabled);
+    showFrame(*this, form_.cameraSelect);
     cameras_.render();
     showCheck(*copy_, form_.CamCopy);
     for (int camera = 1; camera <= 8; ++camera) {

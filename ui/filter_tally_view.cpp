@@ -98,18 +98,15 @@ FilterTallyView::FilterTallyView(Station& station, const Forward& forward, QWidg
 }
 
 void FilterTallyView::render() {
-    filter_->setTitle(qs(form_.Frame17.Caption));
-    filter_->setEnabled(form_.Frame17.Enabled);
+    showFrame(*filter_, form_.Frame17);
     showLabel(*filterLabel_, form_.Label16);
 
-    tally_->setTitle(qs(form_.Frame19.Caption));
-    tally_->setEnabled(form_.Frame19.Enabled);
+    showFrame(*tally_, form_.Frame19);
     showLabel(*lamp_, form_.Label15);
     setBackColour(*lamp_, form_.Label15.BackColor);
     showButton(*call_, form_.Command9);
 
-    auto_->setTitle(qs(form_.Frame15.Caption));
-    auto_->setEnabled(form_.Frame15.Enabled);
+    showFrame(*auto_, form_.Frame15);
     showButton(*white_, form_.Command8);
     showButton(*black_, form_.Command7);
 }

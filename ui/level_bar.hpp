@@ -2,7 +2,8 @@
 // One analog level: its title, a vertical scroll bar and the number label below it.
 // The model's range may run either way (the panel's bars have their highest value, Min,
 // at the top), so the Qt bar counts steps from the top and the value is worked out from
-// the model's Min and Max.
+// the model's Min and Max. The keyboard moves a focused bar: the arrow keys one step,
+// Page Up and Page Down ten.
 
 #include <QWidget>
 
@@ -30,6 +31,12 @@ public:
     static int positionOf(const ScrollBar& bar, int value);
 
     QScrollBar& scrollBar() { return *scroll_; }
+
+    // Steps moved by Page Up and Page Down.
+    static constexpr int kPageKeySteps = 10;
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     ScrollBar& bar_;

@@ -11,6 +11,7 @@
 #include "ui/line_status_view.hpp"
 #include "ui/filter_tally_view.hpp"
 #include "ui/levels_view.hpp"
+#include "ui/main_tooltips.hpp"
 #include "ui/mode_view.hpp"
 #include "ui/monitor_view.hpp"
 #include "ui/scene_view.hpp"
@@ -48,6 +49,12 @@ MainWindow::MainWindow(Station& station, Forward forward)
     setCentralWidget(central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
+    keys_ = std::make_unique<MainKeys>(station.form1, forward_, *this, *menus_);
+    std::vector<QWidget*> reading{cameras_, scenes_, transfer_};
+    for (QWidget* group : gridOrder(*modes_)) reading.push_back(group);
+    reading.insert(reading.end(), {extras_, levels_});
+    setReadingOrder(reading);
+    explainMainWindow(*this);
     status_ = new LineStatusView(station, this);
     statusBar()->addWidget(status_, 1);
     answers_ = std::make_unique<AnswerMarks>(station.line, *cameras_);
@@ -68,6 +75,7 @@ void MainWindow::render() {
     menus_->render();
     status_->render();
     answers_->render();
+    keys_->render();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "app/station.hpp"
+#include "ui/main_keys.hpp"
 #include "ui/main_menus.hpp"
 #include "ui/render.hpp"
 
@@ -46,6 +47,7 @@ private:
     std::unique_ptr<MainMenus> menus_;
     LineStatusView* status_;
     std::unique_ptr<AnswerMarks> answers_;
+    std::unique_ptr<MainKeys> keys_;
 };
 
 }  // namespace station::ui

@@ -20,8 +20,10 @@ QGroupBox* groupBox(const QString& title, const QString& name, QWidget* parent) 
 void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, int columns) {
     auto* grid = new QGridLayout(box);
     grid->setSpacing(2);
+    buttons.setColumns(columns);
     for (int i = group.lo(); i <= group.hi(); ++i)
-        grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns);
+        grid->addWidget(&buttons.button(i), (i - group.lo()) / columns, (i - group.lo()) % columns,
+                        columns == 1 ? Qt::AlignLeft : Qt::Alignment());
 }
 
 // SpinButton1(index): an up and a down arrow that trim one gain-step value.
@@ -77,7 +79,8 @@ ModeView::ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidge
         QGroupBox* box = groupBox(QString::fromLatin1(s.title), QString::fromLatin1(s.name) + "Frame", this);
         groups_.at(static_cast<std::size_t>(n)) = make(s.group, s.name, box);
         layOut(box, *groups_.at(static_cast<std::size_t>(n)), s.group, 1);
-        grid->addWidget(box, 0, n < 3 ? n : n + 1);
+        // Two rows of three: BARS, DETAIL, SHUTTER over GAIN, WHITE, IRIS.
+        grid->addWidget(box, n < 3 ? 0 : 1, n < 3 ? n : n - 2);
         ++n;
     }
 
@@ -100,12 +103,16 @@ ModeView::ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidge
         gainSpins_.at(static_cast<std::size_t>(i)) = gainSpin(i, panel, forward, gain);
         gainGrid->addWidget(gainSpins_.at(static_cast<std::size_t>(i)), i, 2);
     }
-    grid->addWidget(gain, 0, 3);
+    grid->addWidget(gain, 1, 0);
 
     monitor_ = groupBox(QString(), QStringLiteral("Frame12"), this);
-    groups_.at(6) = make(form.OptMonsel, "OptMonsel", monitor_);
+    // The 32 monitor outputs as a compact block of tiles, eight to a row.
+    groups_.at(6) = std::make_unique<OptionButtons>(
+        form.OptMonsel, "OptMonsel", OptionButtons::Look::Tile, monitor_,
+        [g = &form.OptMonsel, forward](int i) { forward([g, i] { g->click(i); }); });
     layOut(monitor_, *groups_.at(6), form.OptMonsel, 8);
-    grid->addWidget(monitor_, 1, 0, 1, 6);
+    grid->addWidget(monitor_, 2, 0, 1, 3);
+    grid->setRowStretch(3, 1);  // on a tall window the groups keep their height; the levels grow
     render();
 }
 
@@ -118,8 +125,7 @@ void ModeView::render() {
         QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
         if (spin.isEnabled() != offered) spin.setEnabled(offered);
     }
-    monitor_->setTitle(qs(form_.Frame12.Caption));
-    monitor_->setEnabled(form_.Frame12.Enabled);
+    showFrame(*monitor_, form_.Frame12);
 }
 
 }  // namespace station::ui

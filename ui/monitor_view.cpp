@@ -45,7 +45,8 @@ void MonitorView::render() {
     showLabel(*sent_, link_.Label10);
     showLabel(*received_, link_.Label11);
     showLabel(*fault_, form_.faultLine);
-    fault_->setVisible(!form_.faultLine.Caption.empty());
+    const bool fault = !form_.faultLine.Caption.empty();
+    if (fault_->isHidden() == fault) fault_->setVisible(fault);
 }
 
 }  // namespace station::ui

@@ -2,7 +2,8 @@
 // An option-button control array shown as Qt buttons: round radio buttons for the mode
 // groups, or push buttons that carry the model's back colour (camera and scene buttons).
 // The model decides which button is selected: a click is forwarded, and the next redraw
-// shows the model's choice, even when that means no button at all.
+// shows the model's choice, even when that means no button at all. The group is one Tab
+// stop with the arrow keys inside it (see GroupKeys).
 
 #include <QAbstractButton>
 
@@ -17,9 +18,13 @@ class QWidget;
 
 namespace station::ui {
 
+class GroupKeys;
+
 class OptionButtons {
 public:
-    enum class Look { Radio, Push };
+    // Tile: small square push buttons, for a large group such as the 32 monitor outputs;
+    // like radio buttons, an arrow key selects the button it moves to.
+    enum class Look { Radio, Push, Tile };
 
     // Buttons are children of `parent` and named "<name>(<index>)"; the caller lays them out.
     OptionButtons(OptionGroup& group, const std::string& name, Look look, QWidget* parent,
@@ -27,11 +32,14 @@ public:
 
     QAbstractButton& button(int index);
     void render();
+    // Buttons per row as laid out, for the Up and Down keys (0: all in one row).
+    void setColumns(int columns);
 
 private:
     OptionGroup& group_;
     Look look_;
     std::vector<QAbstractButton*> buttons_;  // owned by their parent widget
+    GroupKeys* keys_;                        // owned by the parent widget too
 };
 
 }  // namespace station::ui

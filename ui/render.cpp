@@ -1,6 +1,7 @@
 #include "ui/render.hpp"
 
 #include <QCheckBox>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -36,41 +37,56 @@ void setBackColour(QWidget& widget, std::uint32_t bgr) {
     widget.setAutoFillBackground(true);
 }
 
+bool sameText(const QString& shown, const std::string& text) {
+    return shown == QLatin1StringView(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+void showEnabled(QWidget& widget, bool enabled) {
+    // The widget's own setting, whatever its parent's is.
+    if (widget.testAttribute(Qt::WA_ForceDisabled) == enabled) widget.setEnabled(enabled);
+}
+
 void showLabel(QLabel& widget, const Label& label) {
-    widget.setText(qs(label.Caption));
-    widget.setEnabled(label.Enabled);
+    if (!sameText(widget.text(), label.Caption)) widget.setText(qs(label.Caption));
+    showEnabled(widget, label.Enabled);
+}
+
+void showFrame(QGroupBox& widget, const Frame& frame) {
+    if (!sameText(widget.title(), frame.Caption)) widget.setTitle(qs(frame.Caption));
+    showEnabled(widget, frame.Enabled);
 }
 
 void showButton(QAbstractButton& widget, const CommandButton& button) {
-    widget.setText(qs(button.Caption));
-    widget.setEnabled(button.Enabled);
+    if (!sameText(widget.text(), button.Caption)) widget.setText(qs(button.Caption));
+    showEnabled(widget, button.Enabled);
 }
 
 void showCheck(QAbstractButton& widget, const CheckBox& box) {
     const QSignalBlocker quiet(widget);
-    widget.setText(qs(box.Caption));
-    widget.setEnabled(box.Enabled);
+    if (!sameText(widget.text(), box.Caption)) widget.setText(qs(box.Caption));
+    showEnabled(widget, box.Enabled);
+    // Setting a check box's state repaints it even when the state is the same.
     if (auto* check = qobject_cast<QCheckBox*>(&widget)) {
-        check->setTristate(box.value() == 2);
-        check->setCheckState(box.value() == 1   ? Qt::Checked
-                             : box.value() == 2 ? Qt::PartiallyChecked
-                                                : Qt::Unchecked);
-    } else {
+        const Qt::CheckState state = box.value() == 1   ? Qt::Checked
+                                     : box.value() == 2 ? Qt::PartiallyChecked
+                                                        : Qt::Unchecked;
+        if (check->isTristate() != (box.value() == 2)) check->setTristate(box.value() == 2);
+        if (check->checkState() != state) check->setCheckState(state);
+    } else if (widget.isChecked() != (box.value() == 1)) {
         widget.setChecked(box.value() == 1);
     }
 }
 
 void showText(QLineEdit& widget, const std::string& text) {
-    const QString shown = qs(text);
-    if (widget.text() == shown) return;  // keeps the cursor where the operator is typing
+    if (sameText(widget.text(), text)) return;  // keeps the cursor where the operator is typing
     const QSignalBlocker quiet(widget);
-    widget.setText(shown);
+    widget.setText(qs(text));
 }
 
 void showList(QListWidget& widget, const ListBox& list) {
     const QSignalBlocker quiet(widget);
     bool same = widget.count() == list.listCount();
-    for (int i = 0; same && i < list.listCount(); ++i) same = widget.item(i)->text() == qs(list.list(i));
+    for (int i = 0; same && i < list.listCount(); ++i) same = sameText(widget.item(i)->text(), list.list(i));
     if (!same) {
         widget.clear();
         for (const std::string& item : list.items()) widget.addItem(qs(item));
@@ -80,7 +96,7 @@ void showList(QListWidget& widget, const ListBox& list) {
 }
 
 void showWindow(QWidget& widget, const FormWindow& form) {
-    if (widget.windowTitle() != qs(form.Caption)) widget.setWindowTitle(qs(form.Caption));
+    if (!sameText(widget.windowTitle(), form.Caption)) widget.setWindowTitle(qs(form.Caption));
     if (form.Visible && !widget.isVisible()) widget.show();
     if (!form.Visible && widget.isVisible()) widget.hide();
 }

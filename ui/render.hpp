@@ -1,7 +1,8 @@
 #pragma once
 // Small helpers that copy a control model's state into a Qt widget. Every one of them
-// changes the widget only where the state differs, so that redrawing every window after
-// each gesture and tick costs little, and none of them lets the widget raise a signal.
+// compares first and changes the widget only where the state differs, so that redrawing
+// every window after each gesture and 40 ms tick costs little and repaints nothing that
+// did not change; none of them lets the widget raise a signal.
 
 #include <QColor>
 #include <QString>
@@ -13,6 +14,7 @@
 #include "common/controls.hpp"
 
 class QAbstractButton;
+class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -32,6 +34,11 @@ QPushButton* commandButton(QWidget* parent, const char* name, const Forward& for
 QString qs(const std::string& text);
 std::string fromQt(const QString& text);
 
+// Whether a widget's text already reads the model's text (without converting it).
+bool sameText(const QString& shown, const std::string& text);
+// Enables or disables the widget itself, and only when that changes.
+void showEnabled(QWidget& widget, bool enabled);
+
 // A colour value in blue-green-red order (0x0000FF is red) as a Qt colour.
 QColor colourOf(std::uint32_t bgr);
 
@@ -39,6 +46,7 @@ QColor colourOf(std::uint32_t bgr);
 void setBackColour(QWidget& widget, std::uint32_t bgr);
 
 void showLabel(QLabel& widget, const Label& label);
+void showFrame(QGroupBox& widget, const Frame& frame);
 void showButton(QAbstractButton& widget, const CommandButton& button);
 void showCheck(QAbstractButton& widget, const CheckBox& box);
 void showText(QLineEdit& widget, const std::string& text);

@@ -1,6 +1,8 @@
 #pragma once
 // A window beside the main one, bound to its form model: shown and hidden as the model
-// says, and closing it by the window frame hides it in the model.
+// says, and closing it by the window frame hides it in the model. It is a dialog of the
+// main window, so the window manager keeps it above the main window (a result in the
+// "Auto Message" window is never hidden behind the panel that started it).
 
 #include <QCloseEvent>
 #include <QWidget>
@@ -13,7 +15,7 @@ namespace station::ui {
 class SatelliteWindow : public QWidget {
 public:
     SatelliteWindow(FormWindow& form, Forward forward, QWidget* parent, const char* name)
-        : QWidget(parent, Qt::Window), form_(form), forward_(std::move(forward)) {
+        : QWidget(parent, Qt::Dialog), form_(form), forward_(std::move(forward)) {
         setObjectName(QString::fromLatin1(name));
     }
 

@@ -10,7 +10,7 @@
 namespace station::ui {
 
 StationView::StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll)
-    : station_(station), modal_(modal), timers_(station, [this] { refresh(); }, std::move(beforePoll)) {
+    : station_(station), modal_(modal), timers_(station, [this] { afterTick(); }, std::move(beforePoll)) {
     const Forward forward = [this](const Gesture& gesture) { this->forward(gesture); };
     main_ = std::make_unique<MainWindow>(station, forward);
     cameraSet_ = std::make_unique<CameraSetWindow>(station, forward, main_.get());
@@ -50,6 +50,35 @@ void StationView::refresh() {
     console_->render();
     lineLog_->render();
     timers_.sync();
+    shown_ = tickState();
+}
+
+StationView::TickState StationView::tickState() const {
+    const Link& link = station_.link;
+    const LineState& line = station_.line;
+    TickState state;
+    state.traffic = link.traffic();
+    state.queued = link.queue().SendCnt();
+    state.ackWait = link.AckWait();
+    state.answerWait = link.AnsWait();
+    state.testBytes = link.TestCnt();
+    state.fault = station_.form1.faultLine.Caption;
+    state.autoMessage = station_.form6.form.Visible;
+    state.autoStatus = station_.form6.Label2.Caption;
+    state.line = line.stateText();
+    state.logRevision = line.log.revision();
+    const auto now = line.now();
+    for (int camera = 1; camera <= 8; ++camera)
+        state.answers.at(static_cast<std::size_t>(camera - 1)) = static_cast<int>(line.answers.state(camera, now));
+    return state;
+}
+
+void StationView::afterTick() {
+    if (!ended_ && !station_.ended() && tickState() == shown_) {
+        timers_.sync();
+        return;
+    }
+    refresh();
 }
 
 }  // namespace station::ui

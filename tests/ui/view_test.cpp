@@ -60,12 +60,35 @@ private slots:
         for (int level : {20, 30, 40}) {
             bar.setSliderPosition(ui::LevelBar::positionOf(rig.station.form1.VrDtl, level));
             rig.view->refresh();  // the timers' redraws leave the thumb under the pointer
+            // and its number follows it
+            QCOMPARE(rig.main<QLabel>("VrDtl.number").text(), QString::number(level));
         }
         QCOMPARE(bar.sliderPosition(), ui::LevelBar::positionOf(rig.station.form1.VrDtl, 40));
         QVERIFY(rig.takeQueued().empty());
         bar.setSliderDown(false);
         QCOMPARE(rig.takeQueued(), Commands{"302C2800"});
         QCOMPARE(rig.main<QLabel>("VrDtl.number").text(), QStringLiteral("40"));
+    }
+
+    void aQuietLineRepaintsNothing() {
+        ViewRig rig;
+        QWidget& window = rig.view->mainWindow();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTest::qWait(100);
+        struct PaintCount : QObject {
+            int paints = 0;
+            bool eventFilter(QObject*, QEvent* event) override {
+                if (event->type() == QEvent::Paint) ++paints;
+                return false;
+            }
+        } count;
+        qApp->installEventFilter(&count);
+        QTest::qWait(300);  // seven polls with nothing on the line
+        QCOMPARE(count.paints, 0);
+        rig.port.arrive(buildFrame("322B40", FrameHeader{}));  // a master black reply is shown
+        QTRY_VERIFY(count.paints > 0);
+        qApp->removeEventFilter(&count);
     }
 
     void faultLineAppearsWhenThePollRunsIntoAFault() {
@@ -187,7 +210,7 @@ private slots:
         rig.station.link.SendCmd("200801FE");
         QTRY_VERIFY(!rig.port.writes.empty());
         rig.port.arrive(bytesOf({0x06}));
-        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().startsWith(QStringLiteral("Camera 1: answering")));
+        QTRY_VERIFY(rig.main<QAbstractButton>("Option9(1)").toolTip().contains(QStringLiteral("\nCamera 1: answering")));
         rig.port.hungUp = true;
         QTRY_COMPARE(status.text(), QStringLiteral("COM1  |  9600bps  |  Ack On  |  Camera ID off  |  lost (fake: the device hung up)"));
 

@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# Measures what the station costs at rest: it starts the desktop program on Qt's offscreen
+# platform, leaves it alone for a few seconds, then reads its CPU time and context switches
+# (every thread, from /proc) over a measuring window and prints the share of one core and
+# the wake-ups per second.
+#   scripts/idle-cost.sh [seconds]          on the built-in simulated camera line
+#   scripts/idle-cost.sh [seconds] --pty    on a pseudo-terminal served by camera-sim
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build="${BUILD:-$root/build/gcc}"
+seconds="${1:-60}"
+mode="${2:-builtin}"
+settle=5
+
+cmake --build "$build" --target corvane-station camera-sim >/dev/null
+pids=()
+cleanup() { for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done; }
+trap cleanup EXIT
+
+args=()
+if [ "$mode" = "--pty" ]; then
+  link=$(mktemp -u /tmp/corvane-idle-line.XXXXXX)
+  "$build/sim/camera-sim" --setup "$root/samples/studio.csd" --link "$link" >/dev/null 2>&1 &
+  pids+=($!)
+  for _ in $(seq 50); do [ -e "$link" ] && break; sleep 0.1; done
+  [ -e "$link" ] || { echo "idle-cost: camera-sim did not open its line" >&2; exit 1; }
+  args=(--port "$link")
+fi
+
+QT_QPA_PLATFORM=offscreen "$build/ui/corvane-station" "${args[@]}" 2>/dev/null &
+station=$!
+pids+=("$station")
+sleep "$settle"
+[ -d "/proc/$station" ] || { echo "idle-cost: the station did not start" >&2; exit 1; }
+
+# CPU ticks (user + system) of the process, and context switches summed over its threads.
+ticks() { awk '{ print $14 + $15 }' "/proc/$station/stat"; }
+switches() { cat /proc/"$station"/task/*/status | awk '/ctxt_switches/ { n += $2 } END { print n }'; }
+
+t0=$(ticks); s0=$(switches); start=$(date +%s.%N)
+sleep "$seconds"
+t1=$(ticks); s1=$(switches); end=$(date +%s.%N)
+hz=$(getconf CLK_TCK)
+awk -v t="$((t1 - t0))" -v s="$((s1 - s0))" -v hz="$hz" -v a="$start" -v b="$end" -v m="$mode" 'BEGIN {
+  secs = b - a
+  printf "station at rest (%s), %.1f s: %.3f %% of a core, %.1f wake-ups/s\n", m, secs, 100 * t / hz / secs, s / secs }'
