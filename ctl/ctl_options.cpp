@@ -38,6 +38,7 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         // An option ends the command before it.
         if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) finish();
         if (name == "--help" || name == "-h") out.help = true;
+        else if (name == "--version") out.version = true;
         else if (name == "--port") out.port = value();
         else if (name == "--simulate") out.simulate = true;
         else if (name == "--quiet") out.quiet = true;
@@ -63,7 +64,7 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
     }
     finish();
     out.commands.insert(out.commands.end(), script.begin(), script.end());
-    if (out.help) return out;
+    if (out.help || out.version) return out;
     if (out.port && out.simulate) throw std::invalid_argument("--port and --simulate exclude each other");
     if (out.simulate && !out.setup) throw std::invalid_argument("--simulate needs --setup: its cameras make the line");
     return out;
@@ -85,6 +86,7 @@ std::vector<std::string> scriptCommands(const std::string& text) {
 std::string ctlHelp() {
     return "Usage: corvane-ctl (--port DEVICE | --simulate) [--setup FILE] [COMMAND [, COMMAND]...]\n"
            "                   [--script FILE] [--save FILE] [--definitions FOLDER] [--quiet]\n"
+           "       corvane-ctl --version | --help\n"
            "\n"
            "The camera control station without windows: it runs the station on the serial\n"
            "line, carries out the commands in order and ends. Progress and a summary of the\n"
@@ -99,6 +101,8 @@ std::string ctlHelp() {
            "  --definitions FOLDER the camera-type definitions (*.fcl); else the setup\n"
            "                       file's folder when it holds some, else the working folder\n"
            "  --quiet              no progress lines, only the summary\n"
+           "  --version            show the program's version\n"
+           "  --help               show this text\n"
            "\n"
            "Commands (\",\" or \";\" separates them on the command line):\n"
            "  read CAMERAS         page read of each camera in turn (\"1-8\", \"2\", \"1,3,5\"),\n"
@@ -108,8 +112,11 @@ std::string ctlHelp() {
            "  auto white|black [CAMERA]  auto set-up, waiting for its result\n"
            "  raw HEX              bytes fed to the station as if the line had sent them\n"
            "  wait MS              let the station run for MS milliseconds\n"
-           "  any remote command   camera, scene, mode, level, gain, filter, call, page, get\n"
+           "  any remote command   camera, scene, mode, level, gain, filter, call, page,\n"
+           "                       function, get\n"
            "                       (docs/remote-control.md)\n";
 }
+
+std::string ctlVersion() { return std::string("corvane-ctl ") + STATION_VERSION + "\n"; }
 
 }  // namespace station::ctl

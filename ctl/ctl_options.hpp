@@ -25,6 +25,7 @@ struct CtlOptions {
     std::vector<std::string> commands;                 // one command per entry
     bool quiet = false;                                // --quiet: no progress lines
     bool help = false;
+    bool version = false;                              // --version
 };
 
 // Reads the arguments after the program name; std::invalid_argument with the reason when
@@ -35,5 +36,6 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args);
 std::vector<std::string> scriptCommands(const std::string& text);
 
 std::string ctlHelp();
+std::string ctlVersion();  // "corvane-ctl 0.13"
 
 }  // namespace station::ctl

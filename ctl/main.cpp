@@ -111,8 +111,8 @@ int main(int argc, char** argv) {
         std::cerr << "corvane-ctl: " << e.what() << "\n\n" << ctl::ctlHelp();
         return 2;
     }
-    if (options.help) {
-        std::cout << ctl::ctlHelp();
+    if (options.help || options.version) {
+        std::cout << (options.help ? ctl::ctlHelp() : ctl::ctlVersion());
         return 0;
     }
     try {

@@ -69,12 +69,15 @@ public:
     // "unknown (05)" for a code no value has, "(not set)" when empty.
     std::string valueText(const FunctionItem& item, const std::string& value) const;
 
-private:
-    int slot() const;
-    int function() const { return form_.List1.listIndex() + 1; }
+    // Function f's items (f and i from 1) for the selected camera's type, and where an
+    // item's value is kept (nullptr where none is).
     int itemCount(int f) const;
     FunctionItem item(int f, int i) const { return FunctionItem(types_, slot(), f, i); }
     std::string* stored(int f, const FunctionItem& it);
+
+private:
+    int slot() const;
+    int function() const { return form_.List1.listIndex() + 1; }
     void showPage();
     void showItem();
     void changeItem(const FunctionItem& it, const std::string& value);

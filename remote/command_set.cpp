@@ -14,11 +14,19 @@ CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess ac
          }});
     addPanelCommands(*this);
     addFileCommands(*this);
+    addLineState(*this);
+    addFunctionCommands(*this);  // last: the shown page's item count varies
 }
 
 void CommandSet::add(Command command) {
     std::string verb = command.verb;
     commands_.insert_or_assign(std::move(verb), std::move(command));
+}
+
+std::optional<std::string> CommandSet::getAdded(Words& words) {
+    const auto found = getters_.find(lower(words.peek()));
+    if (found == getters_.end()) return std::nullopt;
+    return found->second(words);
 }
 
 std::vector<std::string> CommandSet::usage() const {

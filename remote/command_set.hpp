@@ -10,8 +10,8 @@
 //   commands.execute("level iris step -1"); // "OK"
 //   commands.changes();                    // {"camera", "3"}, {"level iris", "11"}, ...
 //
-// The command table is open: further commands (function items) and state sources (the
-// line's state) are added with add() and watch() by the layers that own them.
+// The command table is open: each group of commands (panel, files, function items, the
+// line's state) adds its commands, state sources and values with add(), watch() and addGet().
 
 #include <filesystem>
 #include <functional>
@@ -62,6 +62,13 @@ public:
 
     void add(Command command);
     void watch(StateWatch::Source source) { watch_.addSource(std::move(source)); }
+    // "get WORD ...": a value not in the state list (a function item, every camera's answer).
+    // `read` is given the words from WORD on; it answers nothing, taking no word, to leave
+    // them to the state list.
+    using Getter = std::function<std::optional<std::string>(Words&)>;
+    void addGet(const std::string& word, Getter read) { getters_.insert_or_assign(lower(word), std::move(read)); }
+    // The answer of an added "get WORD ..." when the next word is one; nothing otherwise.
+    std::optional<std::string> getAdded(Words& words);
     std::vector<std::string> usage() const;
 
     // Runs a gesture at the station's error boundary (the operator is told of a failure as
@@ -84,6 +91,7 @@ private:
     RemoteAccess access_;
     StateWatch watch_;
     std::map<std::string, Command> commands_;
+    std::map<std::string, Getter> getters_;
     bool running_ = false;
 };
 
@@ -91,5 +99,9 @@ private:
 void addPanelCommands(CommandSet& commands);
 // open and save of setup files inside the allowed folder.
 void addFileCommands(CommandSet& commands);
+// The function editor's items: set and get by function title and item name; the shown page.
+void addFunctionCommands(CommandSet& commands);
+// The line's state and which camera answers: pushed, and "get answers".
+void addLineState(CommandSet& commands);
 
 }  // namespace station::remote

@@ -57,9 +57,9 @@ std::vector<std::string> splitWords(std::string_view line) {
     return words;
 }
 
-const std::string& Words::peek() const {
+const std::string& Words::peek(std::size_t ahead) const {
     static const std::string none;
-    return done() ? none : words_[next_];
+    return next_ + ahead >= words_.size() ? none : words_[next_ + ahead];
 }
 
 std::string Words::take(const std::string& what) {

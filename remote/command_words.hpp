@@ -31,8 +31,8 @@ public:
     explicit Words(std::vector<std::string> words) : words_(std::move(words)) {}
 
     bool done() const { return next_ >= words_.size(); }
-    // The next word without taking it; "" when none is left.
-    const std::string& peek() const;
+    // The next word (or one further ahead) without taking it; "" when none is left.
+    const std::string& peek(std::size_t ahead = 0) const;
     // Takes the next word; CommandError "missing <what>" when none is left.
     std::string take(const std::string& what);
     // Takes the next word as a whole number from lo to hi.

@@ -101,7 +101,22 @@ void addPanelCommands(CommandSet& commands) {
         return std::string();
     }});
 
-    commands.add({"gain", "gain low|mid|high|super|INDEX (the gain step)", true, [c, &form](Words& w) {
+    commands.add({"gain", "gain low|mid|high|super|INDEX (the gain step) | gain value low|mid|high up|down [N]", true,
+                  [c, &s, &form](Words& w) {
+        if (lower(w.peek()) == "value") {
+            w.take("value");
+            const std::string step = choice(w, "gain step", {"low", "mid", "high"});
+            const int index = step == "low" ? 0 : step == "mid" ? 1 : 2;
+            const bool up = choice(w, "direction", {"up", "down"}) == "up";
+            const int presses = w.done() ? 1 : static_cast<int>(w.number("presses", 1, 64));
+            w.end();
+            // The window offers the spin buttons only for a step the gain type can trim.
+            require(s.panel.gainStepRange(index).offered(), "gain value " + step);
+            c->gesture([&s, index, up, presses] {
+                for (int i = 0; i < presses; ++i) up ? s.panel.SpinButton1_SpinUp(index) : s.panel.SpinButton1_SpinDown(index);
+            });
+            return std::string();
+        }
         const int index = buttonOf(form.OptGain, w.take("gain step"), "gain step");
         w.end();
         require(form.OptGain.Enabled, "gain step");
@@ -181,8 +196,10 @@ void addPanelCommands(CommandSet& commands) {
     }});
 
     commands.add({"get", "get [NAME...] (all when no name: camera, scene, mode NAME, level NAME, gain STEP, "
-                         "filter, tally, call, auto, auto window, type, id, queue, file)",
+                         "filter, tally, call, auto, auto window, line, line port, answer N, function, "
+                         "function item N, type, id, queue, file) | get answers | get function TITLE ITEM",
                   false, [c, &s](Words& w) {
+        if (auto added = c->getAdded(w)) return *added;
         StateList items = c->state();
         const int camera = s.shared.CamNo;
         items.push_back({"type", s.shared.cams.CamType(camera)});

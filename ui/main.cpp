@@ -45,17 +45,16 @@ int startFailed(const std::string& what) {
 int main(int argc, char** argv) {
     // The options are read before the windowing system is opened, so that help, the version and
     // a wrong option are answered without a display.
-    std::vector<std::string> args = withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc));
-    std::string remoteError;
-    const RemoteSettings remoteSettings = takeRemoteOptions(args, remoteError);
-    const ProgramOptions options = parseProgramOptions(args);
+    const ProgramOptions options = parseProgramOptions(withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc)));
     if (options.help || options.version) {
-        std::cout << (options.help ? programHelp() + remoteHelp() : programVersion());
+        std::cout << (options.help ? programHelp() : programVersion());
         return 0;
     }
+    std::string remoteError;
+    const RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
     if (!options.error.empty() || !remoteError.empty()) {
-        std::cerr << "corvane-station: " << (remoteError.empty() ? options.error : remoteError) << "\n\n"
-                  << programHelp() << remoteHelp();
+        std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
+                  << programHelp();
         return 2;
     }
     QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv

@@ -7,12 +7,43 @@
 #include <cctype>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "camtype/definition_folder.hpp"
 
 namespace station::ui {
 
 namespace {
+
+struct RemoteNames {
+    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder;
+};
+
+void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& names, ProgramOptions& o) {
+    RemoteOptions& r = o.remote;
+    r.enabled = parser.isSet(names.remote) || parser.isSet(names.address) || parser.isSet(names.tcpPort) ||
+                parser.isSet(names.oscPort);
+    auto fail = [&o](std::string text) {
+        if (o.error.empty()) o.error = std::move(text);
+    };
+    if (parser.isSet(names.address)) {
+        r.address = parser.value(names.address).toStdString();
+        if (r.address->empty()) fail("--remote-address needs a value");
+    }
+    for (const auto& [option, port] : {std::pair{&names.tcpPort, &r.tcpPort}, std::pair{&names.oscPort, &r.oscPort}}) {
+        if (!parser.isSet(*option)) continue;
+        const QString text = parser.value(*option);
+        bool number = false;
+        const int n = text.toInt(&number);
+        if (!number || n < 1 || n > 65535)
+            fail("--" + option->names().constFirst().toStdString() + ": not a port number: " + text.toStdString());
+        else *port = n;
+    }
+    if (parser.isSet(names.folder)) {
+        r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
+        if (r.folder->empty()) fail("--remote-folder needs a folder");
+    }
+}
 
 struct Parsed {
     ProgramOptions options;
@@ -28,7 +59,13 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption definitions(QStringLiteral("definitions"), QString(), QStringLiteral("FOLDER"));
     const QCommandLineOption simulate(QStringLiteral("simulate"));
     const QCommandLineOption logFile(QStringLiteral("log-file"), QString(), QStringLiteral("FILE"));
-    parser.addOptions({help, version, port, definitions, simulate, logFile});
+    const QCommandLineOption remote(QStringLiteral("remote"));
+    const QCommandLineOption remoteAddress(QStringLiteral("remote-address"), QString(), QStringLiteral("ADDR"));
+    const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("N"));
+    const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
+    const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
+    parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
+                       remoteFolder});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -61,6 +98,7 @@ Parsed parse(const std::vector<std::string>& args) {
         o.definitions = std::filesystem::path(folder);
         if (folder.empty()) o.error = "--definitions needs a folder";
     }
+    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder}, o);
     return out;
 }
 
@@ -91,7 +129,8 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 
 std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
-           "                       [--version]\n"
+           "                       [--remote] [--remote-address ADDR] [--remote-port N] [--osc-port N]\n"
+           "                       [--remote-folder DIR] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -109,6 +148,14 @@ std::string programHelp() {
            "                       [definitions] in ~/.config/corvane-station/\n"
            "                       corvane-station.conf), else the working folder, else\n"
            "                       the samples shipped with the program.\n"
+           "\n"
+           "Control from outside (off unless one of these is given, or \"&Setup\" > \"Remote control\"):\n"
+           "  --remote             serve remote commands on 127.0.0.1: TCP lines on port 5250,\n"
+           "                       OSC on UDP port 5251 (docs/remote-control.md)\n"
+           "  --remote-address ADDR  listen on this address instead (e.g. 0.0.0.0: the network)\n"
+           "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
+           "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n"
+           "\n"
            "  --version            show the program's version\n"
            "  --help               show this text\n";
 }

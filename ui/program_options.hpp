@@ -13,11 +13,21 @@
 
 namespace station::ui {
 
+// Control from outside; `enabled` when --remote or any of the address and port options was given.
+struct RemoteOptions {
+    bool enabled = false;
+    std::optional<std::string> address;              // --remote-address ADDR
+    std::optional<int> tcpPort;                      // --remote-port N
+    std::optional<int> oscPort;                      // --osc-port N
+    std::optional<std::filesystem::path> folder;     // --remote-folder DIR
+};
+
 struct ProgramOptions {
     std::optional<std::string> port;                  // --port DEVICE
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
     bool simulate = false;                             // --simulate
     std::optional<std::filesystem::path> logFile;      // --log-file FILE
+    RemoteOptions remote;
     bool help = false;
     bool version = false;
     std::string error;  // not empty: the command line could not be read

@@ -2,60 +2,15 @@
 
 namespace station::ui {
 
-namespace {
-
-std::optional<long> portNumber(const std::string& text) {
-    const auto n = remote::wholeNumber(text);
-    if (!n || *n < 1 || *n > 65535) return std::nullopt;
-    return n;
-}
-
-}  // namespace
-
-RemoteSettings takeRemoteOptions(std::vector<std::string>& args, std::string& error) {
+RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) {
     RemoteSettings out;
-    std::vector<std::string> rest;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string name = args[i];
-        std::optional<std::string> value;
-        if (const std::size_t eq = name.find('='); eq != std::string::npos) {
-            value = name.substr(eq + 1);
-            name = name.substr(0, eq);
-        }
-        auto need = [&]() -> std::string {
-            if (!value && i + 1 < args.size()) value = args[++i];
-            if (!value || value->empty()) error = name + " needs a value";
-            return value.value_or("");
-        };
-        if (name == "--remote" && !value) {
-            out.enabled = true;
-        } else if (name == "--remote-address") {
-            const std::string a = need();
-            if (!out.address.setAddress(QString::fromStdString(a)) && error.empty()) error = "--remote-address: not an address: " + a;
-            out.enabled = true;
-        } else if (name == "--remote-port" || name == "--osc-port") {
-            const std::string p = need();
-            const auto n = portNumber(p);
-            if (!n && error.empty()) error = name + ": not a port number: " + p;
-            (name == "--remote-port" ? out.tcpPort : out.oscPort) = static_cast<quint16>(n.value_or(0));
-            out.enabled = true;
-        } else if (name == "--remote-folder") {
-            out.fileFolder = need();
-        } else {
-            rest.push_back(args[i]);
-        }
-    }
-    args = std::move(rest);
+    out.enabled = options.enabled;
+    if (options.address && !out.address.setAddress(QString::fromStdString(*options.address)))
+        error = "--remote-address: not an address: " + *options.address;
+    if (options.tcpPort) out.tcpPort = static_cast<quint16>(*options.tcpPort);
+    if (options.oscPort) out.oscPort = static_cast<quint16>(*options.oscPort);
+    out.fileFolder = options.folder;
     return out;
-}
-
-std::string remoteHelp() {
-    return "\nControl from outside (off unless one of these is given, or \"&Setup\" > \"Remote control\"):\n"
-           "  --remote             serve remote commands on 127.0.0.1: TCP lines on port 5250,\n"
-           "                       OSC on UDP port 5251 (docs/remote-control.md)\n"
-           "  --remote-address ADDR  listen on this address instead (e.g. 0.0.0.0: the network)\n"
-           "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
-           "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n";
 }
 
 RemoteControl::RemoteControl(Station& station, remote::PresetDialogs& dialogs, RemoteSettings settings,

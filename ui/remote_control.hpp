@@ -17,6 +17,7 @@
 
 #include "app/station.hpp"
 #include "remote/command_set.hpp"
+#include "ui/program_options.hpp"
 #include "ui/remote_osc.hpp"
 #include "ui/remote_tcp.hpp"
 
@@ -30,11 +31,9 @@ struct RemoteSettings {
     std::optional<std::filesystem::path> fileFolder;  // none: no file commands
 };
 
-// Takes the remote-control options out of `args` (the rest is left for the program's own
-// options): --remote, --remote-address ADDR, --remote-port N, --osc-port N,
-// --remote-folder DIR. `error` is set when one cannot be used.
-RemoteSettings takeRemoteOptions(std::vector<std::string>& args, std::string& error);
-std::string remoteHelp();
+// The settings the remote-control options of the command line ask for; `error` is set when
+// the address is not one.
+RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
 
 class RemoteControl {
 public:

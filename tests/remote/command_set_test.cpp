@@ -3,6 +3,7 @@
 // what a surface shows when it changes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 
 #include "tests/remote/remote_rig.hpp"
@@ -66,6 +67,34 @@ TEST(RemoteCommands, EachCommandDoesWhatItsGestureDoes) {
          }},
         {{"auto black"}, [](Station& s) { s.autoSetup.Command7_Click(); }},
         {{"page read"}, [](Station& s) { s.pages.Command12_Click(); }},
+        {{"camera 3", "gain value mid up 2", "GAIN VALUE high down", "gain value low up"},
+         [](Station& s) {
+             s.form1.Option9.click(3);
+             s.panel.SpinButton1_SpinUp(1);
+             s.panel.SpinButton1_SpinUp(1);
+             s.panel.SpinButton1_SpinDown(2);
+             s.panel.SpinButton1_SpinUp(0);
+         }},
+        // Function items through the Function window's lists: the function, the item, its value.
+        {{"camera 3", "function Gamma \"gamma mode\" FILM", "function Knee \"Knee Point\" 0x80",
+          "function Matrix \"Matrix Table\" 4"},
+         [](Station& s) {
+             s.form1.Option9.click(3);
+             Form2& f = s.form2;
+             f.List1.setListIndex(0), f.List2.setListIndex(0), f.List3.setListIndex(1);
+             f.List1.setListIndex(2), f.List2.setListIndex(1), f.HScroll1.setValue(0x80);
+             f.List1.setListIndex(1), f.List2.setListIndex(1), f.List3.setListIndex(3);
+         }},
+        {{"camera 3", "function Shutter \"Shutter Speed\" 1/50.5", "function Shutter \"Clear Scan\" step -3",
+          "function output aspect 4:3", "page function"},
+         [](Station& s) {
+             s.form1.Option9.click(3);
+             Form2& f = s.form2;
+             f.List1.setListIndex(3), f.List2.setListIndex(1), f.List3.setListIndex(7);
+             f.List2.setListIndex(2), f.HScroll1.setValue(f.HScroll1.value() - 3);
+             f.List1.setListIndex(4), f.List2.setListIndex(1), f.List3.setListIndex(1);
+             s.pages.Command3_Click();
+         }},
         {{"camera 5", "page send", "page function"},
          [](Station& s) {
              s.form1.Option9.click(5);
@@ -108,18 +137,28 @@ TEST(RemoteCommands, RefusesWhatTheWindowWouldNotDoWithAReason) {
         {"save notes.txt", "ERR only setup data files (*.csd)"},
         {"save", "ERR no setup file is open: name one"},
         {"get colour", "ERR nothing called \"colour\""},
+        {"function Gamma \"Gamma Mode\" SEPIA", "ERR \"Gamma Mode\" has no value \"SEPIA\""},
+        {"function Gamma \"Gamma Level\" 256", "ERR \"Gamma Level\" must be from 0 to 255 (0x00 to 0xFF)"},
+        {"function Gamma Contrast 1", "ERR no item \"Contrast\" in Gamma (\"Gamma Mode\", \"Gamma Level\")"},
+        {"function Colour x 1", "ERR no function \"Colour\""},
+        {"gain value mid sideways", "ERR direction must be up or down"},
         {std::string(1025, 'x'), "ERR line too long"},
         {"camera \x01\x02", "ERR not a text line (control byte)"},
         {"camera \xff", "ERR not a text line (not UTF-8)"},
     };
     RemoteRig rig;
     rig.station.setupFile.FileName.clear();
+    EXPECT_EQ(rig.commands.execute("camera 3"), "OK");
+    rig.takeQueued();
     for (const auto& [line, reply] : refused) EXPECT_EQ(rig.commands.execute(line).rfind(reply, 0), 0u) << line;
 
     // Camera 6 has no filter, tally or monitor: their groups are disabled, as on the window.
     EXPECT_EQ(rig.commands.execute("camera 6"), "OK");
-    for (const char* line : {"filter up", "call on", "mode monitor 3"})
+    // BX4 keeps LOW fixed, and the GROUP position has no functions.
+    for (const char* line : {"filter up", "call on", "mode monitor 3", "gain value low up"})
         EXPECT_EQ(rig.commands.execute(line).rfind("ERR", 0), 0u) << line;
+    EXPECT_EQ(rig.commands.execute("camera group"), "OK");
+    EXPECT_EQ(rig.commands.execute("function Gamma Knee 1").rfind("ERR the selected camera has no functions", 0), 0u);
     EXPECT_TRUE(rig.takeQueued().empty());
     EXPECT_TRUE(rig.messages.shown.empty());
     EXPECT_EQ(rig.commands.execute(""), "");
@@ -149,9 +188,10 @@ TEST(RemoteCommands, ReportsEveryChangeASurfaceShowsAndTheAutoResultWhenItArrive
     rig.run(200);
     rig.port.arrive(testing::reply("40 10 02"));
     rig.run(100);
-    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"auto", "AUTO WHITE: OK : COLOR TEMP.=5600K"}}));
-    rig.run(2000);
-    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"auto window", "off"}}));
+    EXPECT_EQ(rig.commands.changes(),
+              (remote::StateList{{"auto", "AUTO WHITE: OK : COLOR TEMP.=5600K"}, {"answer 1", "answering"}}));
+    rig.run(2000);  // the fake line acknowledges nothing further
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"auto window", "off"}, {"answer 1", "not answering"}}));
 
     rig.commands.execute("camera 3");
     const remote::StateList changed = rig.commands.changes();
@@ -159,6 +199,32 @@ TEST(RemoteCommands, ReportsEveryChangeASurfaceShowsAndTheAutoResultWhenItArrive
     EXPECT_GT(changed.size(), 5u);
     EXPECT_EQ(rig.commands.execute("get level iris"), "OK level iris " + rig.station.form1.Label2.Caption);
     EXPECT_EQ(rig.commands.execute("get type"), "OK type HD3");
+}
+
+TEST(RemoteCommands, ReportsTheShownFunctionPageTheLineAndWhichCameraAnswers) {
+    RemoteRig rig;
+    EXPECT_EQ(rig.commands.execute("camera 3"), "OK");
+    rig.run(200);
+    rig.commands.changes();
+    EXPECT_EQ(rig.commands.execute("function Gamma \"Gamma Mode\" cine"), "OK");
+    const remote::StateList page = rig.commands.changes();
+    EXPECT_NE(std::find(page.begin(), page.end(), remote::StateItem{"function item 1", "Gamma Mode: CINE"}), page.end());
+    EXPECT_EQ(rig.commands.execute("get function gamma \"gamma mode\""), "OK function Gamma \"Gamma Mode\" CINE");
+    EXPECT_EQ(rig.commands.execute("get function"), "OK function Gamma");
+    EXPECT_EQ(rig.commands.execute("get function item 2"), "OK function item 2 " + rig.station.form2.List2.list(1));
+
+    rig.run(40);
+    rig.port.arrive(testing::wire("06"));  // camera 3 acknowledges the item
+    rig.run(40);
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"answer 3", "answering"}}));
+    EXPECT_EQ(rig.commands.execute("get answers"),
+              "OK answers 1 not heard; 2 not heard; 3 answering; 4 not heard; 5 not heard; 6 not heard; "
+              "7 not heard; 8 not heard");
+    rig.port.hungUp = true;
+    rig.run(200);
+    EXPECT_EQ(rig.commands.changes().front(), (remote::StateItem{"line", rig.station.line.stateText()}));
+    EXPECT_EQ(rig.commands.execute("get line"), "OK line " + rig.station.line.stateText());
+    EXPECT_EQ(rig.station.line.stateText().rfind("lost (", 0), 0u);
 }
 
 TEST(RemoteCommands, SavesAndOpensSetupFilesInTheAllowedFolderThroughTheFileMenu) {

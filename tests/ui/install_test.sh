@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and checks what a Linux desktop and an operator
-# find there: both programs, the menu entry, the icon, the manual pages and the samples;
+# find there: the three programs, the menu entry, the icon, the manual pages and the samples;
 # --version without a display; and the installed station, started from another folder on
 # the offscreen platform, reading its camera types from the installed samples.
 set -euo pipefail
@@ -13,7 +13,7 @@ fail() { echo "install_test: $*" >&2; exit 1; }
 prefix=$tmp/prefix
 cmake --install "$build" --prefix "$prefix" >/dev/null
 
-for f in bin/corvane-station bin/camera-sim \
+for f in bin/corvane-station bin/camera-sim bin/corvane-ctl share/man/man1/corvane-ctl.1 \
          share/applications/corvane-station.desktop \
          share/icons/hicolor/scalable/apps/corvane-station.svg \
          share/man/man1/corvane-station.1 share/man/man1/camera-sim.1 \
@@ -26,6 +26,7 @@ grep -qx 'Icon=corvane-station' "$prefix/share/applications/corvane-station.desk
 nodisplay=(env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM)
 [ "$("${nodisplay[@]}" "$prefix/bin/corvane-station" --version)" = "corvane-station $version" ] || fail "--version"
 [ "$("${nodisplay[@]}" "$prefix/bin/camera-sim" --version)" = "camera-sim $version" ] || fail "camera-sim --version"
+[ "$("$prefix/bin/corvane-ctl" --version)" = "corvane-ctl $version" ] || fail "corvane-ctl --version"
 
 mkdir "$tmp/elsewhere" "$tmp/config"
 cd "$tmp/elsewhere"

@@ -78,14 +78,14 @@ class RemoteTest : public QObject {
 
 private slots:
     void nothingListensUntilTurnedOnAndTheStatusSaysWhere() {
-        std::vector<std::string> args{"--port", "/dev/ttyS0", "--remote-address", "0.0.0.0", "--osc-port=9000"};
+        const ProgramOptions o = parseProgramOptions({"--port", "/dev/ttyS0", "--remote-address", "0.0.0.0", "--osc-port=9000"});
         std::string error;
-        const RemoteSettings s = takeRemoteOptions(args, error);
-        QVERIFY(error.empty() && s.enabled && s.oscPort == 9000 && s.tcpPort == 5250);
-        QCOMPARE(args, (std::vector<std::string>{"--port", "/dev/ttyS0"}));
-        std::vector<std::string> bad{"--remote-port", "70000"};
-        takeRemoteOptions(bad, error);
-        QCOMPARE(error, std::string("--remote-port: not a port number: 70000"));
+        const RemoteSettings s = remoteSettings(o.remote, error);
+        QVERIFY(o.error.empty() && error.empty() && s.enabled && s.oscPort == 9000 && s.tcpPort == 5250);
+        QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS0"));
+        QCOMPARE(parseProgramOptions({"--remote-port", "70000"}).error, std::string("--remote-port: not a port number: 70000"));
+        remoteSettings(parseProgramOptions({"--remote-address=studio"}).remote, error);
+        QCOMPARE(error, std::string("--remote-address: not an address: studio"));
 
         Rig local;
         QVERIFY(!local.remote.enabled() && local.remote.status().isEmpty());
