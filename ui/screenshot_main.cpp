@@ -53,6 +53,7 @@ int main(int argc, char** argv) {
     DiskWriter writer;
     ui::ModalPause modal;
     Station station({line.port(), messages, dialogs, writer, *samples});
+    station.line.name(PortChoice{{}, true});  // the built-in line, as the status bar names it
     ui::StationView view(station, modal, [&line] { line.advance(); });
     station.Form_Load();
     ui::openStudio(station, dialogs, *samples / "studio.csd");
