@@ -12,7 +12,7 @@ cmake -S "$root" -B "$root/build/fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInf
   -DCMAKE_CXX_COMPILER=clang++ -DSTATION_SANITIZE=ON -DSTATION_FUZZ=ON -DSTATION_BENCH=OFF
 cmake --build "$root/build/fuzz" -j "$(nproc)" --target fuzzers
 
-if ! ctest --test-dir "$root/build/fuzz" -R '^fuzz_.*_instrumented$' --output-on-failure; then
+if ! ctest --test-dir "$root/build/fuzz" -R '^fuzz_.*_instrumented$' --no-tests=error --output-on-failure; then
   echo "fuzz.sh: the fuzzed libraries are built without coverage counters; not fuzzing blind" >&2
   exit 1
 fi
