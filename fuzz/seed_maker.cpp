@@ -40,6 +40,7 @@ class AnsweredDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return open; }
     std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    bool confirmReplace(const std::string&) override { return false; }
     std::optional<std::string> open;
 };
 
