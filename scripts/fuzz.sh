@@ -1,5 +1,7 @@
 #!/usr/bin/env bash
-# Builds the libFuzzer targets with Clang and the sanitizers and runs each for a while.
+# Builds the libFuzzer targets with Clang and the sanitizers, the libraries they exercise
+# with coverage feedback, and runs each target in turn for a while from its seed folder
+# and with its dictionary. Refuses to fuzz when a library lacks its coverage counters.
 # Usage: scripts/fuzz.sh [seconds per target, default 60]
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -8,7 +10,12 @@ seconds=${1:-60}
 
 cmake -S "$root" -B "$root/build/fuzz" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_COMPILER=clang++ -DSTATION_SANITIZE=ON -DSTATION_FUZZ=ON -DSTATION_BENCH=OFF
-cmake --build "$root/build/fuzz" -j "$(nproc)"
+cmake --build "$root/build/fuzz" -j "$(nproc)" --target fuzzers
+
+if ! ctest --test-dir "$root/build/fuzz" -R '^fuzz_.*_instrumented$' --no-tests=error --output-on-failure; then
+  echo "fuzz.sh: the fuzzed libraries are built without coverage counters; not fuzzing blind" >&2
+  exit 1
+fi
 
 for target in "$root"/build/fuzz/fuzz/fuzz_*; do
   [ -x "$target" ] || continue
@@ -16,10 +23,9 @@ for target in "$root"/build/fuzz/fuzz/fuzz_*; do
   corpus="$root/build/fuzz/corpus/$name"
   mkdir -p "$corpus"
   seeds="$root/fuzz/seeds/${name#fuzz_}"
+  dict="$root/fuzz/dict/${name#fuzz_}.dict"
+  [ -d "$seeds" ] || { echo "fuzz.sh: no seed folder $seeds" >&2; exit 1; }
+  [ -f "$dict" ] || { echo "fuzz.sh: no dictionary $dict" >&2; exit 1; }
   echo "== $name for ${seconds}s"
-  if [ -d "$seeds" ]; then
-    "$target" -max_total_time="$seconds" -print_final_stats=1 "$corpus" "$seeds"
-  else
-    "$target" -max_total_time="$seconds" -print_final_stats=1 "$corpus"
-  fi
+  "$target" -max_total_time="$seconds" -print_final_stats=1 -dict="$dict" "$corpus" "$seeds"
 done
