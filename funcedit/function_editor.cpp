@@ -2,37 +2,12 @@
 
 #include <algorithm>
 
+#include "common/ctrl_ready.hpp"
 #include "common/vb_conv.hpp"
 
 namespace station {
 
 namespace {
-
-// Holds CtrlReady at 0 while controls are set by code, so that their events store and send
-// nothing, and puts back what it found.
-class QuietControls {
-public:
-    explicit QuietControls(Integer& ctrlReady) : ctrlReady_(ctrlReady), saved_(ctrlReady) { ctrlReady_ = 0; }
-    ~QuietControls() { ctrlReady_ = saved_; }
-    QuietControls(const QuietControls&) = delete;
-    QuietControls& operator=(const QuietControls&) = delete;
-
-private:
-    Integer& ctrlReady_;
-    Integer saved_;
-};
-
-// A reply decoder holds CtrlReady at 0 while it redraws and leaves it at 1, like the panel's.
-class ReplyGuard {
-public:
-    explicit ReplyGuard(Integer& ctrlReady) : ctrlReady_(ctrlReady) { ctrlReady_ = 0; }
-    ~ReplyGuard() { ctrlReady_ = 1; }
-    ReplyGuard(const ReplyGuard&) = delete;
-    ReplyGuard& operator=(const ReplyGuard&) = delete;
-
-private:
-    Integer& ctrlReady_;
-};
 
 int count(const std::string& cell, int limit) { return std::clamp(toInteger(val(cell)), Integer{0}, Integer(limit)); }
 

@@ -1,5 +1,6 @@
 // Bringing the main panel into line with the camera's mode and level replies. The panel
 // always follows the selected camera, whichever camera the reply came from.
+#include "common/ctrl_ready.hpp"
 #include "common/hex.hpp"
 #include "common/vb_conv.hpp"
 #include "panel/main_panel.hpp"
@@ -7,19 +8,6 @@
 namespace station {
 
 namespace {
-
-// Clears CtrlReady for the duration of a decoder, so that the controls set below do not
-// send, and leaves it at 1 afterwards whatever it was before, also when the decoder fails.
-class ReplyGuard {
-public:
-    explicit ReplyGuard(Integer& ctrlReady) : ctrlReady_(ctrlReady) { ctrlReady_ = 0; }
-    ~ReplyGuard() { ctrlReady_ = 1; }
-    ReplyGuard(const ReplyGuard&) = delete;
-    ReplyGuard& operator=(const ReplyGuard&) = delete;
-
-private:
-    Integer& ctrlReady_;
-};
 
 int hexValue(const std::string& text) { return static_cast<int>(readHexPrefix(text) & 0xFF); }
 
