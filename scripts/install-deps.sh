@@ -4,10 +4,6 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev socat
           qt6-base-dev qt6-serialport-dev liblo-dev pkg-config)
-# Xvfb runs the desktop program without a screen (the widget tests need none).
-if [ "${STATION_WITH_UI:-0}" = 1 ]; then
-  packages+=(xvfb)
-fi
 
 missing=()
 for p in "${packages[@]}"; do
