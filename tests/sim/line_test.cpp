@@ -1,12 +1,14 @@
-// The line as the station meets it: who answers what and when the bytes arrive. The station's
-// side is played here with raw bytes; the faults, the in-process port and the tick driver are
-// shown against the real link in tests/integration.
+// The simulated line and its cameras, as the station meets them, and its setup from a file.
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <string>
 
 #include "common/runtime_error.hpp"
+#include "sim/camera.hpp"
 #include "sim/line.hpp"
+#include "sim/line_setup.hpp"
+#include "sim/tool/tool_options.hpp"
 #include "tests/support/frames.hpp"
 
 namespace station::sim {
@@ -31,7 +33,7 @@ struct Rig {
     std::vector<int> sent;  // the cameras that sent, in order
 };
 
-TEST(LineTiming, BytesArriveAtTheLineSpeed) {
+TEST(SimLine, ByteTiming) {
     for (const int speed : {9600, 19200}) {
         Rig rig;
         rig.line.setSpeed(speed);
@@ -54,7 +56,7 @@ TEST(LineTiming, BytesArriveAtTheLineSpeed) {
     }
 }
 
-TEST(LineAnswers, InIdModeOnlyTheAddressedCameraAnswersWithItsId) {
+TEST(SimLine, IdModeAddressed) {
     Rig rig;
     rig.line.setIdMode(true);
     for (int p = 1; p <= 3; ++p) rig.line.addCamera(p, "AB1", "0" + std::to_string(p)).setMode(0x08, static_cast<std::uint8_t>(p));
@@ -65,41 +67,49 @@ TEST(LineAnswers, InIdModeOnlyTheAddressedCameraAnswersWithItsId) {
     EXPECT_TRUE(rig.after(1500ms).empty());
 }
 
-TEST(LineAnswers, WithoutIdModeEveryCameraAppliesAndTheFirstAnswersForAll) {
-    Rig rig;
-    rig.line.addCamera(2, "AB1", "02");
-    rig.line.addCamera(5, "AB1", "05");
-    rig.line.fromStation(frame(wire("20 05 01 FE")));
-    EXPECT_EQ(rig.after(50ms), wire("06") + frame(wire("22 05 01")));
-    EXPECT_EQ(rig.line.at(5).mode(0x05), 0x01);
-    EXPECT_EQ(rig.sent, (std::vector<int>{2, 2}));
+using testing::wire;
+
+TEST(SimCamera, MaskedModeWrites) {
+    Camera cam("AB1", "01");
+    cam.setMode(0x04, 0xFF);
+    const std::pair<const char*, const char*> cases[] = {
+        {"20 04 0C F3", "22 04 FF"},  // white 3 in bits 2..3
+        {"20 04 00 FC", "22 04 FC"},  // iris 0 in bits 0..1
+        {"20 08 FF FE", "22 08 01"},  // data bits outside the opened field are not written
+        {"20 0F 10 00", "22 0F 10"},  // mask 00 writes the whole register
+        {"28 12 08 F3", "2A 12 08"},  // the 28 bank is apart from the 20 bank
+        {"23 12", "22 12 00"},
+        {"23", "22 00 00"},           // missing bytes read as 0
+        {"30 2B 80 00", "32 2B 80"},
+    };
+    for (const auto& [command, reply] : cases) EXPECT_EQ(cam.apply(wire(command)).reply, wire(reply)) << command;
+    cam.setLevel(0x2B, 0x1FF);  // a narrow level keeps its low byte
+    EXPECT_EQ(cam.level(0x2B), 0xFF);
+    for (const char* unanswered : {"10 01 02", "22 01 02", "40 10", ""})
+        EXPECT_TRUE(cam.apply(wire(unanswered)).reply.empty()) << unanswered;
+    EXPECT_EQ(cam.autoRuns, 1);
 }
 
-TEST(LineAnswers, ABadFrameIsNakedAndNotAppliedUnlessItIsHandshakeFree) {
-    Rig rig;
-    Camera& cam = rig.line.addCamera(1, "AB1", "01");
-    Bytes bad = frame(wire("20 08 01 FE"));
-    bad[bad.size() - 2] ^= 0x01;
-    rig.line.fromStation(bad);
-    EXPECT_EQ(rig.after(50ms), wire("15"));
-    rig.line.fromStation(wire("06") + bad);
-    EXPECT_TRUE(rig.after(50ms).empty());
-    EXPECT_EQ(cam.mode(0x08), 0x00);
-}
+using Args = std::vector<std::string>;
 
-TEST(LineAnswers, AfterAnUnansweredReplyA06IsAPrefixAgainAndNoAckStillApplies) {
-    Rig rig;
-    Camera& cam = rig.line.addCamera(1, "AB1", "01");
-    rig.line.fromStation(frame(wire("33 18")));
-    rig.after(Line::kAnswerWait + 100ms);  // the reply's verdict never came
-    rig.line.fromStation(frame(wire("30 18 20 00"), "", true));
-    EXPECT_TRUE(rig.after(100ms).empty());
-    EXPECT_EQ(cam.level(0x18), 0x20);
-
-    cam.faults.noAck = 1;
-    rig.line.fromStation(frame(wire("20 08 01 FE")));
-    EXPECT_EQ(rig.after(50ms), frame(wire("22 08 01")));
-    EXPECT_THROW(rig.line.addCamera(9, "AB1", "9"), RuntimeError);
+TEST(SimSetup, ReadsSetupFile) {
+    std::istringstream file(
+        "[system]\r\nACK Check=0\r\nCamera Select=1\r\n[camera type/ID]\r\nCamera 1=AB1|01\r\n"
+        "Camera 2=AB1|02\r\nCamera 3=|\r\nCamera 4=CD2|\r\nCamera 5=EF3\r\nCamera 9=AB1|09\r\n"
+        "[main data]\r\nCamera 6=AB1|06\r\n[end]\r\n");
+    LineSetup setup;
+    readSetupData(file, setup);
+    EXPECT_TRUE(setup.idMode);
+    EXPECT_EQ(setup.count(), 3);
+    // A type without an ID is still a camera; a line without the bar or outside its section is not.
+    std::string present;
+    for (int p = 1; p <= 6; ++p) present += setup.at(p).present ? '1' : '0';
+    EXPECT_EQ(present, "110100");
+    Line line;
+    setup.build(line);
+    EXPECT_TRUE(line.idMode());
+    ASSERT_NE(line.camera(2), nullptr);
+    EXPECT_EQ(line.camera(2)->header(), " 02");
 }
 
 }  // namespace
