@@ -30,19 +30,6 @@ TEST(Display, GainLabels) {
     }
 }
 
-TEST(Display, FilterNames) {
-    PanelRig rig;
-    const auto name = [&](int type, const char* code) {
-        rig.filterType(type);
-        rig.field(mFILTER) = code;
-        rig.panel.FilterDsp();
-        return rig.form.Label16.Caption;
-    };
-    EXPECT_EQ(name(1, "1") + "|" + name(1, "2") + "|" + name(1, "3") + "|" + name(1, "4") + "|" + name(1, ""),
-              "5600K+1/8ND|5600K|5600K+1/64ND|NG|3200K");
-    EXPECT_EQ(name(2, "1") + "|" + name(2, "2") + "|" + name(2, "3"), "5600K|5600K+ND|NG");
-}
-
 TEST(Replies, StoreFields) {
     using Fields = std::vector<std::pair<int, const char*>>;
     const struct {
