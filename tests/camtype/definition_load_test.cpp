@@ -51,16 +51,6 @@ TEST(Definition, FormatExample) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-TEST(Definition, SwitchFirstCharOnly) {
-    TypeRig rig;
-    rig.types.loadDefinition(1, crlf({"[form control]", "GAIN= 1", "IRIS=12", "TALLY=x", "FILTER=2", "MONITOR=",
-                                      "LENS=9", "Gain=3", " FILTER=1"}));
-    const TypeTables& t = rig.tables;
-    EXPECT_EQ(std::to_string(t.FormGain(1)) + std::to_string(t.FormIris(1)) + std::to_string(t.FormTally(1)) +
-                  std::to_string(t.FormFilter(1)) + std::to_string(t.FormMonitor(1)) + std::to_string(t.FormLens(1)),
-              "010209");
-}
-
 TEST(Definition, Limits) {
     TypeRig rig;
     std::string text = "[function menu]\r\n";
@@ -86,11 +76,6 @@ TEST(Definition, Limits) {
     EXPECT_EQ(rig.messages.texts(), (std::vector<std::string>{functions, functions, items, params, shutter, shutter}));
 }
 
-}  // namespace
-}  // namespace station
-
-namespace station {
-namespace {
 
 }  // namespace
 }  // namespace station

@@ -64,49 +64,12 @@ TEST(TypeSlots, FirstAppearanceOrder) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-using testing::FakeMessages;
-
-struct Rows {
-    SettingStores stores;
-    FakeMessages messages;
-    void scene(const std::string& code) { FScnItemSet(stores, messages, code); }
-    void plain(const std::string& code) { FuncItemSet(stores, messages, code); }
-    std::string sceneKey(int r) const { return stores.FuncScnData(r, 0, 0); }
-    std::string plainKey(int r) const { return stores.FuncData(r, 0); }
-};
-
 TEST(ItemRows, Row300IsLast) {
-    Rows rows;
-    for (int n = 1; n <= 299; ++n) rows.scene("S" + std::to_string(n));
-    rows.scene("LAST");
-    rows.scene("S17");  // known codes are still fine
-    EXPECT_EQ(rows.sceneKey(0) + " " + rows.sceneKey(300), "300 LAST");
-    EXPECT_TRUE(rows.messages.shown.empty());
-
-    rows.scene("NEW1");
-    rows.scene("NEW2");
-    ASSERT_EQ(rows.messages.shown.size(), 2U);
-    EXPECT_EQ(rows.messages.shown[0].text, "Number of the total Scene Items is exceeding 300");
-    EXPECT_EQ(rows.messages.shown[0].icon, Icon::Stop);
-    EXPECT_EQ(rows.sceneKey(0), "300");
-
-    for (int n = 1; n <= 300; ++n) rows.plain("P" + std::to_string(n));
-    rows.plain("P301");
-    EXPECT_EQ(rows.messages.shown.back().text, "Number of the total Items is exceeding 300");
-    EXPECT_EQ(rows.plainKey(0), "300");
-}
-
-using testing::TempFolder;
-
-TEST(DefFolder, Precedence) {
-    TempFolder tmp;
-    const std::filesystem::path working = "/work/here";
-    const std::filesystem::path remembered = tmp.path();
-    EXPECT_EQ(chooseDefinitionFolder(std::filesystem::path("/opt/x"), remembered, working), "/opt/x");
-    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, remembered, working), remembered);
-    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, std::nullopt, working), working);
-    // A remembered folder that is gone does not hide the working folder.
-    EXPECT_EQ(chooseDefinitionFolder(std::nullopt, tmp / "gone", working), working);
+    TypeRig rig;
+    for (int n = 1; n <= 299; ++n) FScnItemSet(rig.stores, rig.messages, "S" + std::to_string(n));
+    for (const char* code : {"LAST", "S17", "NEW1", "NEW2"}) FScnItemSet(rig.stores, rig.messages, code);
+    EXPECT_EQ(rig.stores.FuncScnData(0, 0, 0) + " " + rig.stores.FuncScnData(300, 0, 0), "300 LAST");
+    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>(2, "Number of the total Scene Items is exceeding 300"));
 }
 
 }  // namespace

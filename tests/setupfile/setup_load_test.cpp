@@ -87,14 +87,6 @@ TEST(SetupLoad, Row301StopsLoad) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-}  // namespace
-}  // namespace station
-
-namespace station {
-namespace {
-
-using testing::crlf;
-using testing::SetupRig;
 
 struct OpenRig : SetupRig {
     OpenRig() {
