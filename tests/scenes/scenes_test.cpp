@@ -60,26 +60,6 @@ TEST(PageRead, ItemsByKind) {
     EXPECT_EQ(Commands(r.begin() + 13, r.end()), (Commands{"234A", "335B", "335C", "D100"}));
 }
 
-using testing::StationRig;
-
-TEST(Scenes, InitSetQuiet) {
-    StationRig rig;
-    Station& s = rig.station;
-    s.shared.cams.CamType(2) = "HD3";
-    s.shared.cams.CamID(2) = "22";
-    s.shared.AckMode = 1;
-    s.shared.IDMode = 1;
-    s.shared.ScnNo(1) = 4;
-    rig.field(mMONSEL, 1, 4) = "3";
-    s.InitSet();
-    EXPECT_EQ(s.form1.Label12(2).Caption + s.form1.Label9(2).Caption, "HD322");
-    EXPECT_TRUE(s.form1.ACK(1).Checked && s.form1.IDcont.Checked);
-    EXPECT_FALSE(s.link.Timer2.Enabled);
-    EXPECT_EQ(s.form1.Option7.selected() * 10 + s.form1.OptMonsel.selected(), 43);
-    EXPECT_EQ(s.shared.CtrlReady, 1);
-    EXPECT_EQ(s.link.queue().SendCnt(), 0);
-}
-
 TEST(CameraSet, TypesIdsAndConfirm) {
     testing::StationRig rig;
     Station& s = rig.station;
