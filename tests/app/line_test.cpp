@@ -41,44 +41,6 @@ TEST(Line, StartsWithoutDevice) {
     EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
 }
 
-TEST(Line, LostAndReopened) {
-    LineRig r;
-    r.start();
-    r.station.Speed_Click(1);
-    for (const char* cmd : {"30187F00", "30190100", "301A0200"}) r.station.link.SendCmd(cmd);
-    r.run(600);
-    const Bytes first = r.port.takeWritten();
-    ASSERT_EQ(first, wire("02 04 30 18 7F 00 34 FF"));
-    r.port.arrive(wire("02 03 40"));  // half a reply
-    r.run(40);
-    ASSERT_EQ(r.station.link.RecBuff(), wire("02 03 40"));
-
-    r.port.hungUp = true;
-    r.run(40);
-    r.port.failOpen = true;  // the device is gone, not only hung up
-    r.port.hungUp = false;
-    r.run(5000);  // far past the acknowledge and answer watches
-    EXPECT_TRUE(r.messages.shown.empty());
-    EXPECT_TRUE(r.port.writes.empty());
-    EXPECT_NE(r.station.lineStatus().find("lost (port not available)"), std::string::npos);
-
-    r.port.failOpen = false;
-    r.run(1000);
-    EXPECT_EQ(r.port.settings, "19200,N,8,1");
-    // The frame that was in flight goes again at once; the rest follow, one per ACK.
-    EXPECT_EQ(r.port.takeWritten(), first);
-    // The kept half reply is completed by what comes next, answered, and then the ACK.
-    r.port.arrive(wire("00 00 BC FF 06"));
-    r.run(80);
-    EXPECT_EQ(r.port.takeWritten(), wire("06 02 04 30 19 01 00 B1 FF"));
-    r.port.arrive(wire("06"));
-    r.run(80);
-    EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 1A 02 00 AF FF"));
-    EXPECT_NE(r.station.lineStatus().find("connected (reopened "), std::string::npos);
-    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Line reopened: COM1", "Not connected: port not available",
-                                                    "Line lost: fake: the device hung up", "Line connected: COM1"}));
-}
-
 TEST(Line, AnswersAndLog) {
     LineRig r;
     r.start();
