@@ -37,13 +37,6 @@ TEST(Conv, RoundingOverflow) {
     EXPECT_THROW((void)checkedInteger(-32769), RuntimeError);
 }
 
-TEST(Conv, HexText) {
-    EXPECT_EQ(hexText(bytesOf({0x02, 0x0A, 0xFF})), "020AFF");
-    EXPECT_EQ(spacedHex(bytesOf({0x06, 0x15})), " 06 15");
-    EXPECT_EQ(spacedHex({}), "");
-    EXPECT_EQ(hexNoPad(5) + "|" + hexNoPad(0x1F) + "|" + hexNoPad(-1), "5|1F|FFFFFFFF");
-}
-
 TEST(Conv, HexPrefix) {
     const struct {
         const char* digits;

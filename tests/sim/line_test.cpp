@@ -8,7 +8,6 @@
 #include "sim/camera.hpp"
 #include "sim/line.hpp"
 #include "sim/line_setup.hpp"
-#include "sim/tool/tool_options.hpp"
 #include "tests/support/frames.hpp"
 
 namespace station::sim {
@@ -33,29 +32,6 @@ struct Rig {
     std::vector<int> sent;  // the cameras that sent, in order
 };
 
-TEST(SimLine, ByteTiming) {
-    for (const int speed : {9600, 19200}) {
-        Rig rig;
-        rig.line.setSpeed(speed);
-        const Micros byte = rig.line.byteTime();
-        EXPECT_NEAR(static_cast<double>(byte.count()), 1e7 / speed, 1.0);
-        Camera& cam = rig.line.addCamera(1, "AB1", "01");
-        rig.line.fromStation(frame(wire("30 2B 10 00")));  // 8 bytes
-        // The ACK leaves one turnaround after the frame's last byte and takes one byte time;
-        // the reply's seven bytes follow the answer delay.
-        const Micros ackIn = 8 * byte + cam.timing.turnaround + byte;
-        const Micros replyIn = ackIn - byte + cam.timing.answerDelay + 7 * byte;
-        rig.line.advanceTo(ackIn - byte / 10);
-        EXPECT_EQ(rig.line.waitingForStation(), 0u) << speed;
-        rig.line.advanceTo(ackIn);
-        EXPECT_EQ(rig.line.takeForStation(), wire("06")) << speed;
-        rig.line.advanceTo(replyIn - byte / 10);
-        EXPECT_EQ(rig.line.waitingForStation(), 6u) << speed;
-        rig.line.advanceTo(replyIn);
-        EXPECT_EQ(rig.line.takeForStation(), wire("02 03 32 2B 10 8F FF")) << speed;
-    }
-}
-
 TEST(SimLine, IdModeAddressed) {
     Rig rig;
     rig.line.setIdMode(true);
@@ -66,8 +42,6 @@ TEST(SimLine, IdModeAddressed) {
     rig.line.fromStation(frame(wire("23 08"), "09", true));  // an ID that no camera has: silence
     EXPECT_TRUE(rig.after(1500ms).empty());
 }
-
-using testing::wire;
 
 TEST(SimCamera, MaskedModeWrites) {
     Camera cam("AB1", "01");
@@ -90,7 +64,6 @@ TEST(SimCamera, MaskedModeWrites) {
     EXPECT_EQ(cam.autoRuns, 1);
 }
 
-using Args = std::vector<std::string>;
 
 TEST(SimSetup, ReadsSetupFile) {
     std::istringstream file(
