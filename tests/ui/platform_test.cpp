@@ -1,7 +1,6 @@
-// The Qt implementations of the station's platform: message boxes, file dialogs and the
+// The Qt implementations of the station's platform: message boxes, file filters and the
 // serial port on a pseudo-terminal.
 #include <QApplication>
-#include <QDialogButtonBox>
 #include <QMessageBox>
 #include <QTimer>
 #include <QtTest>
@@ -79,6 +78,26 @@ class PlatformTest : public QObject {
     Q_OBJECT
 
 private slots:
+
+    void messageBox() {
+        ModalPause pause;
+        int entered = 0;
+        int left = 0;
+        pause.onEnter = [&] { ++entered; };
+        pause.onLeave = [&] { ++left; };
+        QtMessages messages(pause);
+        whenModalIsUp([&](QWidget& modal) {
+            auto* box = qobject_cast<QMessageBox*>(&modal);
+            QVERIFY(box != nullptr);
+            QCOMPARE(box->windowTitle(), QString::fromLatin1(kApplicationTitle));
+            QCOMPARE(box->icon(), QMessageBox::Warning);
+            QCOMPARE(box->text(), QStringLiteral("first\n       second"));
+            QCOMPARE(entered - left, 1);  // the timers stand still while the box is up
+            box->accept();
+        });
+        messages.show("first\r       second", Icon::Exclamation);
+        QCOMPARE(left, 1);
+    }
 
     void fileFilter() {
         QCOMPARE(qtFileFilter("Camera setup data files (*.csd)|*.csd|"), std::string("Camera setup data files (*.csd)"));

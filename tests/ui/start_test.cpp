@@ -47,24 +47,6 @@ private slots:
                  (std::vector<std::string>{"--port", "/dev/x", "-x"}));
     }
 
-    void portChoice() {
-        const ProgramOptions none = parseProgramOptions({});
-        QVERIFY(!portDevice(none, nullptr));
-        QVERIFY(!portDevice(none, ""));
-        QCOMPARE(portDevice(none, "/tmp/corvane-line"), std::optional<std::string>("/tmp/corvane-line"));
-        const ProgramOptions given = parseProgramOptions({"--port", "/dev/ttyS0"});
-        QCOMPARE(portDevice(given, "/tmp/corvane-line"), std::optional<std::string>("/dev/ttyS0"));
-
-        // For one run the options override the choice remembered from the menu.
-        const PortChoice simulated{{}, true};
-        const PortChoice usb{"/dev/ttyUSB0", false};
-        QVERIFY(startPort(none, nullptr, std::nullopt) == simulated && startPort(none, nullptr, usb) == usb);
-        QVERIFY(startPort(given, nullptr, simulated) == (PortChoice{"/dev/ttyS0", false}));
-        const ProgramOptions simulate = parseProgramOptions({"--simulate", "--log-file", "/tmp/line.log"});
-        QVERIFY(startPort(simulate, "/tmp/corvane-line", usb) == simulated);
-        QCOMPARE(simulate.logFile, std::optional<std::filesystem::path>("/tmp/line.log"));
-    }
-
     void builtInLine() {
         const std::filesystem::path studio = std::filesystem::path(STATION_SAMPLES_DIR) / "studio.csd";
         BuiltinLine line(studio);
