@@ -49,19 +49,6 @@ TEST(Station, AckOffMenu) {
     EXPECT_EQ(state(), "1110110");
 }
 
-TEST(Station, QuitStopsTimers) {
-    StationRig rig;
-    Station& s = rig.station;
-    s.form1.OptBar.click(1);
-    s.form1.OptDtl.click(1);
-    s.QUIT_Click();
-    EXPECT_TRUE(s.ended());
-    EXPECT_FALSE(s.link.Timer1.Enabled || s.link.Timer2.Enabled || s.link.Timer3.Enabled || s.form1.Timer4.Enabled);
-    rig.run(2000);
-    EXPECT_TRUE(rig.port.writes.empty());
-    EXPECT_TRUE(rig.messages.shown.empty());
-}
-
 TEST(Station, FailedActionKeepsPanelLive) {
     StationRig rig;
     Station& s = rig.station;

@@ -1,9 +1,7 @@
-// The link engine: the send queue and its handshake, receiving and dispatching replies, and
-// the command console's injected bytes.
+// The link engine: the send queue and its handshake, receiving and dispatching replies.
 #include <gtest/gtest.h>
 
 #include "common/hex.hpp"
-#include "link/console.hpp"
 #include "tests/link/link_rig.hpp"
 
 namespace station {
@@ -131,33 +129,6 @@ TEST(Receive, ElevenBytesDropped) {
     EXPECT_EQ(rig.link.RecBuff(), next);   // the rest waits for the next arrival
     rig.tick(wire("06"));
     EXPECT_EQ(rig.decoders.calls, Calls{"RecAuto(10,00)"});
-}
-
-struct ConsoleRig : testing::LinkRig {
-    ConsoleRig() { settle(); }
-    void inject(const std::string& text) {
-        console.Text1.setText(text);
-        console.Command1_Click();
-    }
-    Console console{link};
-};
-
-TEST(Console, PresetFrameNextTick) {
-    ConsoleRig rig;
-    EXPECT_EQ(rig.console.Text2.text(), "0203400000BCFF");
-    rig.console.Command2_Click();
-    EXPECT_EQ(rig.console.Text3.text(), "7");
-    EXPECT_TRUE(rig.port.writes.empty());  // the console itself sends nothing
-    EXPECT_EQ(rig.tick(), wire("06"));
-    EXPECT_EQ(rig.decoders.calls, Calls{"RecAuto(00,00)"});
-    EXPECT_EQ(rig.link.Label11.Caption, " 02 03 40 00 00 BC FF");
-    EXPECT_EQ(rig.link.Label10.Caption, " 06");
-    EXPECT_EQ(rig.link.TestCnt(), 0);
-
-    rig.inject("0000BCFF");
-    rig.tick(wire("02 03 40"));
-    EXPECT_EQ(rig.decoders.calls, (Calls{"RecAuto(00,00)", "RecAuto(00,00)"}));
-    EXPECT_EQ(rig.link.Label11.Caption, " 00 00 BC FF");  // the last chunk shown
 }
 
 }  // namespace

@@ -12,24 +12,6 @@ namespace {
 using testing::Commands;
 using testing::PanelRig;
 
-TEST(Display, GainLabels) {
-    const struct {
-        int type;
-        const char *low, *mid, *high, *labels;
-    } cases[] = {{0, "0", "0", "0", "0dB 3dB 12dB"}, {3, "0", "0", "0", "0dB 6dB 12dB"},
-                 {0, "2", "1", "0", "-6dB 6dB 12dB"}, {1, "2", "9", "", "0dB 9dB dB"}};
-    for (const auto& c : cases) {
-        PanelRig rig;
-        rig.field(mLOW) = c.low;
-        rig.field(mMID) = c.mid;
-        rig.field(mHIGH) = c.high;
-        rig.gainType(c.type);
-        rig.panel.PGainDsp();
-        EXPECT_EQ(rig.form.Label1(0).Caption + " " + rig.form.Label1(1).Caption + " " + rig.form.Label1(2).Caption,
-                  c.labels);
-    }
-}
-
 TEST(Replies, StoreFields) {
     using Fields = std::vector<std::pair<int, const char*>>;
     const struct {

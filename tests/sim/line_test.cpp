@@ -1,13 +1,11 @@
 // The simulated line and its cameras, as the station meets them, and its setup from a file.
 #include <gtest/gtest.h>
 
-#include <sstream>
 #include <string>
 
 #include "common/runtime_error.hpp"
 #include "sim/camera.hpp"
 #include "sim/line.hpp"
-#include "sim/line_setup.hpp"
 #include "tests/support/frames.hpp"
 
 namespace station::sim {
@@ -62,27 +60,6 @@ TEST(SimCamera, MaskedModeWrites) {
     for (const char* unanswered : {"10 01 02", "22 01 02", "40 10", ""})
         EXPECT_TRUE(cam.apply(wire(unanswered)).reply.empty()) << unanswered;
     EXPECT_EQ(cam.autoRuns, 1);
-}
-
-
-TEST(SimSetup, ReadsSetupFile) {
-    std::istringstream file(
-        "[system]\r\nACK Check=0\r\nCamera Select=1\r\n[camera type/ID]\r\nCamera 1=AB1|01\r\n"
-        "Camera 2=AB1|02\r\nCamera 3=|\r\nCamera 4=CD2|\r\nCamera 5=EF3\r\nCamera 9=AB1|09\r\n"
-        "[main data]\r\nCamera 6=AB1|06\r\n[end]\r\n");
-    LineSetup setup;
-    readSetupData(file, setup);
-    EXPECT_TRUE(setup.idMode);
-    EXPECT_EQ(setup.count(), 3);
-    // A type without an ID is still a camera; a line without the bar or outside its section is not.
-    std::string present;
-    for (int p = 1; p <= 6; ++p) present += setup.at(p).present ? '1' : '0';
-    EXPECT_EQ(present, "110100");
-    Line line;
-    setup.build(line);
-    EXPECT_TRUE(line.idMode());
-    ASSERT_NE(line.camera(2), nullptr);
-    EXPECT_EQ(line.camera(2)->header(), " 02");
 }
 
 }  // namespace
