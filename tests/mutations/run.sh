@@ -6,7 +6,7 @@
 #   FAULTS="link-ack-ticks sim-reply-class" tests/mutations/run.sh   (only these ids)
 #
 # The build goes to SOURCE_ROOT/build/mut (GCC, UI on, benchmarks off). Each planted file is
-# put back byte for byte afterwards, also when the script is interrupted.
+# put back byte for byte afterwards (and rebuilt), also when the script is interrupted.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "${1:-$here/../..}" && pwd)
@@ -22,7 +22,8 @@ if [ ! -f "$build/build.ninja" ]; then
 fi
 
 saved=""
-restore() { if [ -n "$saved" ]; then cp -p "$saved" "$target"; rm -f "$saved"; saved=""; fi; }
+# The original comes back with a new time stamp, so that the next build recompiles it.
+restore() { if [ -n "$saved" ]; then cat "$saved" >"$target"; rm -f "$saved"; saved=""; fi; }
 trap 'restore; exit 130' INT TERM
 
 build_and_test() {  # prints the failed ctest entries, or a verdict
@@ -30,17 +31,19 @@ build_and_test() {  # prints the failed ctest entries, or a verdict
   rm -f "$build/Testing/Temporary/LastTestsFailed.log"
   nice ctest --test-dir "$build" -j2 --timeout 180 >"$build/mut-ctest.log" 2>&1
   local failed="$build/Testing/Temporary/LastTestsFailed.log"
-  if [ -s "$failed" ]; then cut -d: -f2- "$failed" | sort | paste -sd' '; else echo "NOT CAUGHT"; fi
+  # One entry a line, "N:name"; value-parameterised names carry a "  # GetParam() = ..." tail.
+  if [ -s "$failed" ]; then cut -d: -f2- "$failed" | sed 's/  # GetParam().*//' | sort | paste -sd' '; else echo "NOT CAUGHT"; fi
 }
 
-echo "baseline: $(build_and_test)"
+baseline=$(build_and_test)
+echo "baseline (nothing may fail): ${baseline/NOT CAUGHT/all passed}"
 printf '%-20s %-7s %s\n' fault caught "ctest entries that failed"
 while IFS=$'\t' read -r id file original replacement what; do
   case "$id" in '#'* | '') continue ;; esac
   if [ -n "${FAULTS:-}" ] && [[ " $FAULTS " != *" $id "* ]]; then continue; fi
   target="$root/$file"
   saved=$(mktemp)
-  cp -p "$target" "$saved"
+  cp "$target" "$saved"
   if ! ORIG="$original" REPL="$replacement" perl -0777 -i -pe '
         BEGIN { ($o, $r) = ($ENV{ORIG}, $ENV{REPL}); s/\\n/\n/g for $o, $r; }
         $n = () = /\Q$o\E/g;
