@@ -41,6 +41,29 @@ TEST(Line, StartsWithoutDevice) {
     EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
 }
 
+TEST(Line, LostHoldsEverything) {
+    LineRig r;
+    r.start();
+    r.station.link.SendCmd("30187F00");
+    r.run(600);
+    ASSERT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
+    r.port.arrive(wire("02 03 40"));  // half a reply
+    r.run(40);
+    r.port.hungUp = true;
+    r.run(40);
+    r.port.failOpen = true;  // the device is gone, not only hung up
+    r.port.hungUp = false;
+    r.run(5000);  // far past the acknowledge and answer watches
+    EXPECT_TRUE(r.messages.shown.empty());
+    EXPECT_NE(r.station.lineStatus().find("lost (port not available)"), std::string::npos);
+    r.port.failOpen = false;
+    r.run(1000);
+    EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));  // the frame in flight, again
+    r.port.arrive(wire("00 00 BC FF"));  // completes the kept half reply
+    r.run(80);
+    EXPECT_EQ(r.port.takeWritten(), wire("06"));
+}
+
 TEST(Line, AnswersAndLog) {
     LineRig r;
     r.start();
