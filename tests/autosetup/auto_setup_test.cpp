@@ -1,9 +1,8 @@
 // The auto-message window's life, driven through the real link: request frame on the line,
-// result frame (or the console's injected frame) back, text shown, window hidden on time.
+// result frame back, text shown, window hidden on time.
 #include <gtest/gtest.h>
 
 #include "autosetup/auto_setup.hpp"
-#include "link/console.hpp"
 #include "tests/link/link_rig.hpp"
 #include "tests/support/frames.hpp"
 
@@ -34,10 +33,9 @@ struct AutoRig : testing::BasicLinkRig<AutoOnly> {
 
     Form6 form6;
     AutoSetup autoSetup{shared, link, form6};
-    Console console{link};
 };
 
-TEST(AutoWhite, RequestResultAndHidingUnderAckOn) {
+TEST(AutoSetup, WhiteOkHides) {
     AutoRig rig;
     rig.autoSetup.Command8_Click();
     EXPECT_EQ(rig.form6.Label1.Caption + " / " + rig.form6.Label2.Caption, "AUTO WHITE / Now doing");
@@ -49,16 +47,9 @@ TEST(AutoWhite, RequestResultAndHidingUnderAckOn) {
     EXPECT_TRUE(rig.visibleAfter(2));
     EXPECT_FALSE(rig.visibleAfter(1));
     EXPECT_FALSE(rig.form6.Timer1.Enabled);
-
-    rig.autoSetup.Command8_Click();
-    rig.console.Command2_Click();  // the console's preset frame: result 00
-    rig.tick();
-    EXPECT_EQ(rig.form6.Label2.Caption, "OK");
-    EXPECT_TRUE(rig.visibleAfter(2));
-    EXPECT_FALSE(rig.visibleAfter(1));
 }
 
-TEST(AutoBlack, NgAndUnknownResults) {
+TEST(AutoSetup, BlackNgAndUnknown) {
     AutoRig rig;
     rig.autoSetup.Command7_Click();
     EXPECT_EQ(rig.form6.Label1.Caption, "AUTO BLACK");
@@ -80,22 +71,13 @@ TEST(AutoBlack, NgAndUnknownResults) {
     EXPECT_EQ(rig.form6.Label2.Caption, "NG : LOW LIGHT");
 }
 
-TEST(AutoBlack, UnderAckOffTheWindowHidesAfterFourTicks) {
+TEST(AutoSetup, AckOffHides) {
     AutoRig rig;
     rig.shared.AckMode = 1;
     rig.autoSetup.Command7_Click();
     EXPECT_EQ(rig.tick(), wire("06 02 02 40 20 9D FF"));
     EXPECT_TRUE(rig.visibleAfter(3));
     EXPECT_FALSE(rig.visibleAfter(1));
-}
-
-TEST(AutoResults, EveryCodeHasItsText) {
-    const std::pair<const char*, const char*> cases[] = {
-        {"00", "OK"}, {"02", "OK : COLOR TEMP.=5600K"}, {"10", "NG : EXECUTED TALLY"},
-        {"12", "NG : CHANGE WHITE BALANCE SW TO MEMORY"}, {"17", "NG : IRIS IS NOT CLOSED"}, {"18", "NG : ????"},
-        {"19", "NG : CONTROL LIMIT"}, {"1B", "NG : COLOR TEMP. HIGH CHANGE TO 5600K"}, {"21", "NG : LEVEL LOW"},
-        {"22", "NG : ????"}, {"", "NG : ????"}};
-    for (const auto& [code, text] : cases) EXPECT_EQ(AutoSetup::resultText(code), text) << code;
 }
 
 }  // namespace

@@ -1,6 +1,11 @@
-// The number and hex conversions of the original runtime that the settings and frames rely on.
+// The runtime's number and hex conversions, and the control models' events.
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "common/controls.hpp"
 #include "common/hex.hpp"
 #include "common/runtime_error.hpp"
 #include "common/vb_conv.hpp"
@@ -8,7 +13,7 @@
 namespace station {
 namespace {
 
-TEST(Val, ReadsTheLeadingNumberAsTheRuntimeDoes) {
+TEST(Conv, Val) {
     const struct {
         const char* text;
         double value;
@@ -17,7 +22,7 @@ TEST(Val, ReadsTheLeadingNumberAsTheRuntimeDoes) {
     for (const auto& c : cases) EXPECT_EQ(val(c.text), c.value) << '"' << c.text << '"';
 }
 
-TEST(Rounding, HalvesGoToTheEvenNeighbourAndIntegersOverflowPast32767) {
+TEST(Conv, RoundingOverflow) {
     for (const auto& [in, out] : {std::pair{0.5, 0.0}, {1.5, 2.0}, {2.5, 2.0}, {-67.5, -68.0}, {2.6, 3.0}})
         EXPECT_EQ(roundHalfEven(in), out) << in;
     EXPECT_EQ(toInteger(-32768.0), -32768);
@@ -32,26 +37,38 @@ TEST(Rounding, HalvesGoToTheEvenNeighbourAndIntegersOverflowPast32767) {
     EXPECT_THROW((void)checkedInteger(-32769), RuntimeError);
 }
 
-TEST(NumberText, StrPutsABlankBeforeNonNegativeNumbersAndDecTextDoesNot) {
-    EXPECT_EQ(str(2) + "|" + str(0.5) + "|" + str(-1.5), " 2| .5|-1.5");
-    EXPECT_EQ(decText(12) + "|" + decText(-0.25) + "|" + decText(1e20), "12|-.25|1E+20");
-    EXPECT_EQ(decText(1.0 / 3.0), ".333333333333333");
-}
-
-TEST(HexText, TwoDigitsPerByteOrTheRuntimesUnpaddedHex) {
-    EXPECT_EQ(hexText(bytesOf({0x02, 0x0A, 0xFF})), "020AFF");
-    EXPECT_EQ(spacedHex(bytesOf({0x06, 0x15})), " 06 15");
-    EXPECT_EQ(spacedHex({}), "");
-    EXPECT_EQ(hexNoPad(5) + "|" + hexNoPad(0x1F) + "|" + hexNoPad(-1), "5|1F|FFFFFFFF");
-}
-
-TEST(HexText, PrefixReadingStopsAtTheFirstNonDigitAndSignsFourDigits) {
+TEST(Conv, HexPrefix) {
     const struct {
         const char* digits;
         long long value;
     } cases[] = {{"4g", 4}, {"g4", 0}, {"", 0}, {"ab", 0xAB}, {"AB5", 0xAB5}, {"FFBC", -68}, {"1FFBC", 0x1FFBC}};
     for (const auto& c : cases) EXPECT_EQ(readHexPrefix(c.digits), c.value) << c.digits;
     EXPECT_THROW((void)readHexPrefix("123456789"), RuntimeError);
+}
+
+int errorNumber(const std::function<void()>& f) {
+    try {
+        f();
+    } catch (const RuntimeError& e) {
+        return e.number();
+    }
+    return 0;
+}
+
+TEST(Controls, OptionGroupEvents) {
+    OptionGroup g(0, 3);
+    std::vector<int> clicks;
+    g.onClick = [&](int i) { clicks.push_back(i); };
+    g.setValue(2, true);
+    g.click(2);  // already selected: nothing
+    g.setValue(1, true);
+    EXPECT_EQ(g.selected(), 1);
+    EXPECT_FALSE(g[2].Value);
+    g.setValue(1, false);  // deselected by code: no event, and then a click on it counts
+    EXPECT_EQ(g.selected(), -1);
+    g.click(1);
+    EXPECT_EQ(clicks, (std::vector<int>{2, 1, 1}));
+    EXPECT_EQ(errorNumber([&] { g.setValue(4, true); }), 9);
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-TEST(CtlOptions, CommandsAreSplitAtCommasAndSemicolonsAroundTheOptions) {
+TEST(CtlOptions, SplitCommands) {
     const CtlOptions o = parseCtlOptions({"--port", "/dev/ttyUSB0", "--setup=studio.csd", "read", "1-8", "--save",
                                           "backup.csd", "camera", "2,", "level", "iris", "-3", ";", "auto", "white"});
     EXPECT_EQ(o.port, "/dev/ttyUSB0");
@@ -20,7 +20,7 @@ TEST(CtlOptions, CommandsAreSplitAtCommasAndSemicolonsAroundTheOptions) {
               (Lines{"camera 1", "scene recall 2"}));
 }
 
-TEST(CtlOptions, UnusableCommandLinesAreRefusedWithAReason) {
+TEST(CtlOptions, RefusedWithReason) {
     const std::pair<Lines, const char*> bad[] = {
         {{"--port"}, "--port needs a value"},
         {{"--simulate"}, "--simulate needs --setup: its cameras make the line"},
@@ -38,7 +38,7 @@ TEST(CtlOptions, UnusableCommandLinesAreRefusedWithAReason) {
     }
 }
 
-TEST(CtlOptions, CameraListsTakeRangesAndSingles) {
+TEST(CtlOptions, CameraLists) {
     EXPECT_EQ(cameraList("1-3,5,8"), (std::vector<int>{1, 2, 3, 5, 8}));
     for (const char* bad : {"0", "9", "3-1", "a", "1-", ""}) EXPECT_THROW(cameraList(bad), std::invalid_argument) << bad;
 }

@@ -31,7 +31,7 @@ struct Ctl {
     }
 };
 
-TEST(CtlOnCameraSim, BackupChangeRestoreAndASecondBackupGivesTheSameFile) {
+TEST(CtlOnCameraSim, BackupRestoreRoundTrip) {
     ChildProcess sim({CAMERA_SIM_PATH, "--setup", STATION_SAMPLES_DIR "/studio.csd", "--exit-after", "150"});
     const auto path = sim.readLine(10s);
     ASSERT_TRUE(path.has_value());

@@ -1,7 +1,5 @@
 // The whole station on a pseudo-terminal that comes and goes, as a USB-serial adapter
-// unplugged and plugged in again at the same path. LINE_CYCLES=50 runs fifty cycles and
-// prints how long the station took to notice each loss and to talk again (measured, not
-// asserted).
+// unplugged and plugged in again at the same path. LINE_CYCLES=50 runs fifty cycles.
 #include <gtest/gtest.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -9,7 +7,6 @@
 #include <algorithm>
 #include <array>
 #include <chrono>
-#include <cstdio>
 #include <filesystem>
 #include <thread>
 
@@ -61,16 +58,7 @@ private:
     Bytes in_;
 };
 
-double msSince(Clock::time_point t) { return std::chrono::duration<double, std::milli>(Clock::now() - t).count(); }
-
-std::string figures(std::vector<double> v) {
-    std::sort(v.begin(), v.end());
-    char out[96];
-    std::snprintf(out, sizeof out, "min %.0f ms, median %.0f ms, max %.0f ms", v.front(), v[v.size() / 2], v.back());
-    return out;
-}
-
-TEST(LineOnPty, StartsBeforeItsDeviceAndSurvivesItTakenAwayUnderTraffic) {
+TEST(LineOnPty, DeviceComesAndGoes) {
     const char* cyclesText = std::getenv("LINE_CYCLES");
     const int cycles = cyclesText != nullptr ? std::max(1, std::atoi(cyclesText)) : 2;
     testing::TempFolder folder;
@@ -118,31 +106,21 @@ TEST(LineOnPty, StartsBeforeItsDeviceAndSurvivesItTakenAwayUnderTraffic) {
 
     camera = std::make_unique<PtyCamera>(device);
     ASSERT_TRUE(runUntil([&] { return received.size() >= 5; }, 5s));
-    std::vector<double> lossMs, backMs;
     for (int cycle = 0; cycle < cycles; ++cycle) {
         queue(12);
         const std::size_t before = received.size();
         ASSERT_TRUE(runUntil([&] { return received.size() >= before + 4; }, 5s)) << cycle;
         camera.reset();
-        const Clock::time_point gone = Clock::now();
         ASSERT_TRUE(runUntil([&] { return !station.line.connected(); }, 3s)) << cycle;
-        lossMs.push_back(msSince(gone));
         queue(3);
         EXPECT_FALSE(runUntil([&] { return station.line.connected(); }, 300ms));
 
         camera = std::make_unique<PtyCamera>(device);
-        const Clock::time_point back = Clock::now();
-        const std::size_t talked = received.size();
-        ASSERT_TRUE(runUntil([&] { return received.size() > talked; }, 5s)) << cycle;
-        backMs.push_back(msSince(back));
         ASSERT_TRUE(runUntil([&] { return receivedOnce().size() == sent.size() && station.link.queue().SendCnt() == 0; }, 10s));
         ASSERT_EQ(receivedOnce(), sent) << cycle;
     }
     EXPECT_EQ(messages.shown.size(), 1u);  // no "No Acknowledge" for frames that never left
     EXPECT_EQ(station.BaudStr, "19200");
-    std::printf("%d cycles, %zu frames queued, %zu received (%zu twice)\nloss noticed after: %s\ntalking again after: %s\n",
-                cycles, sent.size(), received.size(), received.size() - receivedOnce().size(), figures(lossMs).c_str(),
-                figures(backMs).c_str());
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ using testing::errorOf;
 using testing::wire;
 using testing::operator+;
 
-TEST(FrameBuilding, WorkedExamplesAndTheOddCommandTexts) {
+TEST(Frame, Building) {
     const struct {
         const char* cmd;
         bool ackOff;
@@ -44,7 +44,7 @@ TEST(FrameBuilding, WorkedExamplesAndTheOddCommandTexts) {
     EXPECT_EQ(errorOf([] { buildFrame(std::string(512, '0'), {}); }), 5);  // 256 data bytes
 }
 
-TEST(FrameCheck, GoodBadAndTheLowChecksumByteQuirk) {
+TEST(Frame, CheckAndLowByteQuirk) {
     const struct {
         const char* frame;
         bool bad;

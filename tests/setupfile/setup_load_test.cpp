@@ -1,6 +1,9 @@
-// Loading the setup data file into the settings and the stores.
+// Loading the setup data file: the reader's rules, opening through the dialog, the samples.
 #include <gtest/gtest.h>
 
+#include <set>
+
+#include "common/vb_conv.hpp"
 #include "tests/setupfile/setup_rig.hpp"
 
 namespace station {
@@ -11,7 +14,7 @@ using testing::SetupRig;
 
 std::string list(const std::string& head, int commas) { return head + std::string(static_cast<std::size_t>(commas), ','); }
 
-TEST(SetupLoad, TheFormatExampleFillsTheSettings) {
+TEST(SetupLoad, FormatExample) {
     SetupRig rig;
     rig.load(crlf({"[system]", "ACK Check=1", "Camera Select=1", "[camera type/ID]", "Camera 1=AB1|01",
                    "Camera 2=AB1|02", "Camera 3=|", "Camera 4=|", "Camera 5=|", "Camera 6=|", "Camera 7=|",
@@ -29,7 +32,7 @@ TEST(SetupLoad, TheFormatExampleFillsTheSettings) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-TEST(SetupLoad, AShortListRepeatsItsLastValue) {
+TEST(SetupLoad, ShortListRepeatsLast) {
     SetupRig rig;
     rig.load(crlf({"[scene no]", "Scene=1,2", "[main data]", "aMBLK=5,6", "mDTL=", "[function data]", "7C=9"}));
     EXPECT_EQ(rig.shared.ScnNo(1) * 10 + rig.shared.ScnNo(2) * 100 + rig.shared.ScnNo(8), 212);
@@ -39,29 +42,15 @@ TEST(SetupLoad, AShortListRepeatsItsLastValue) {
     EXPECT_EQ(st.FuncData(1, 8), "9");
 }
 
-TEST(SetupLoad, HeadersMatchAsWholeLinesAndUnknownKeysFillTheSpareRow) {
-    SetupRig rig;
-    rig.load(crlf({"[main data] ", "mBar=7", "[main data]", "mZOOM=3,4", "mFILTER=2", "[system]extra",
-                   "ACK Check=1", "[system]", "Ack Check=1", "[camera type/ID]", "Camera 9=X|9", "Camera 1 =Y|1"}));
-    const SettingStores& st = rig.stores;
-    // Under "[main data] " nothing is read; an unknown key lands in field 19.
-    EXPECT_EQ(st.MainScnData(1, 1, 1) + "|" + st.MainScnData(19, 1, 1) + st.MainScnData(19, 8, 4) + st.MainScnData(18, 4, 4),
-              "|342");
-    EXPECT_EQ(rig.shared.AckMode, 0);
-    EXPECT_EQ(rig.shared.cams.CamType(1), "");
-}
-
-TEST(SetupLoad, AMalformedLineEndsTheLoadSilentlyKeepingWhatWasRead) {
+TEST(SetupLoad, MalformedLineEndsLoad) {
     SetupRig rig;
     rig.load(crlf({"[camera type/ID]", "Camera 1=AB1|01", "Camera 2=AB1", "Camera 3=XY1|03", "[system]",
                    "ACK Check=1"}));
     EXPECT_EQ(rig.shared.cams.CamType(1) + "|" + rig.shared.cams.CamType(2) + rig.shared.cams.CamType(3), "AB1|");
     EXPECT_EQ(rig.shared.AckMode, 0);
-    rig.load(crlf({"[system]", "Camera Select=40000", "ACK Check=1"}));  // beyond an Integer
     rig.load(crlf({"[function data]", "A=1", "orphan", "B=2", "[system]", "ACK Check=1"}));
-    EXPECT_EQ(rig.shared.IDMode + rig.shared.AckMode, 0);
+    EXPECT_EQ(rig.shared.AckMode, 0);
     EXPECT_EQ(rig.stores.FuncData(0, 0) + rig.stores.FuncData(1, 0) + "|" + rig.stores.FuncData(2, 0), "2A|");
-    EXPECT_TRUE(rig.messages.shown.empty());
 
     // A missing, unnamed or unreadable file changes nothing.
     rig.shared.AckMode = 1;
@@ -73,7 +62,7 @@ TEST(SetupLoad, AMalformedLineEndsTheLoadSilentlyKeepingWhatWasRead) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-TEST(SetupLoad, FunctionRowsAreRenumberedByTheFile) {
+TEST(SetupLoad, RowsRenumbered) {
     SetupRig rig;
     for (const char* code : {"A", "B", "C", "D", "E"}) FuncItemSet(rig.stores, rig.messages, code);
     rig.load(crlf({"[function data]", "X=1", "C=2", "Y=3", "[function scene data]", "no equals sign", "S=4"}));
@@ -87,7 +76,7 @@ TEST(SetupLoad, FunctionRowsAreRenumberedByTheFile) {
     EXPECT_EQ(st.FuncData(0, 0) + st.FuncData(4, 0), "4Z");
 }
 
-TEST(SetupLoad, TheRowAfterTheLastStopsTheLoadWithTheCountIntact) {
+TEST(SetupLoad, Row301StopsLoad) {
     SetupRig rig;
     std::string text = "[function scene data]\r\n";
     for (int r = 1; r <= 301; ++r) text += "R" + std::to_string(r) + "=" + std::to_string(r) + "\r\n";
@@ -98,21 +87,52 @@ TEST(SetupLoad, TheRowAfterTheLastStopsTheLoadWithTheCountIntact) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-}  // namespace
-}  // namespace station
 
-namespace station {
-namespace {
-
-// Only one complete byte-order mark at the very start is skipped; anything else is text.
-TEST(SetupLoad, AByteOrderMarkAtTheStartIsSkipped) {
-    const std::string bom = "\xEF\xBB\xBF", system = "[system]\r\nACK Check=1\r\n";
-    for (const auto& [text, ackMode] : std::vector<std::pair<std::string, int>>{
-             {bom + system, 1}, {bom + bom + system, 0}, {"\xEF\xBB" + system, 0}, {"[end]\r\n" + bom + system, 0}}) {
-        testing::SetupRig rig;
-        rig.load(text);
-        EXPECT_EQ(rig.shared.AckMode, ackMode) << ::testing::PrintToString(text);
+struct OpenRig : SetupRig {
+    OpenRig() {
+        folder.write("ab1.fcl", crlf({"[camera type]", "CODE=AB1", "[form control]", "GAIN=3", "[function menu]",
+                                      "FS=Gamma", "M Gamma=20 40 FC", "F=System", "M Bars=20 44 FE"}));
+        list();
+        file.InitSet = [this] {
+            // The refresh comes last, when the types of the loaded cameras are in place.
+            refreshes.push_back(shared.cams.CamFclNo(1) + "/" + std::to_string(tables.FormGain(1)) + "/" +
+                                stores.FuncScnData(0, 0, 0));
+        };
     }
+    std::vector<std::string> refreshes;
+};
+
+const std::string kStudio = crlf({"[system]", "ACK Check=1", "[camera type/ID]", "Camera 1=AB1|01", "Camera 2=ZZ9|02",
+                                  "[function scene data]", "2040FC=01"});
+
+TEST(CamFileOpen, LoadsThenRefreshes) {
+    OpenRig rig;
+    rig.dialogs.openAnswer = rig.folder.write("studio.csd", kStudio).string();
+    rig.file.CamFileOpen();
+    EXPECT_EQ(rig.dialogs.calls, std::vector<std::string>{"open Camera setup data files (*.csd)|*.csd|"});
+    EXPECT_EQ(rig.file.FileName, *rig.dialogs.openAnswer);
+    EXPECT_EQ(rig.shared.AckMode, 1);
+    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{"There is loss file for Camera Contol"});  // ZZ9
+    EXPECT_EQ(rig.refreshes, std::vector<std::string>{"1/3/1"});
+    EXPECT_EQ(rig.stores.FuncScnData(1, 8, 4), "01");  // the file's row, found again by the load
+    EXPECT_EQ(rig.stores.FuncData(1, 0), "2044FE");     // appended by the definition load
+}
+
+using testing::readBytes;
+
+TEST(Samples, StudioOpensAndSavesSame) {
+    const std::filesystem::path samples = STATION_SAMPLES_DIR;
+    testing::SetupRig rig;
+    rig.types.DefinitionFolder = samples;
+    rig.list();
+    rig.dialogs.openAnswer = (samples / "studio.csd").string();
+    rig.file.CamFileOpen();
+    EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_EQ(std::set<std::string>(rig.List1.items().begin() + 1, rig.List1.items().end()).size(), 4U);
+    EXPECT_EQ(rig.tables.FclName(0), "4");
+    rig.file.FileName = (rig.folder / "copy.csd").string();
+    rig.file.CsdSave();
+    EXPECT_EQ(readBytes(rig.folder / "copy.csd"), readBytes(samples / "studio.csd"));
 }
 
 }  // namespace

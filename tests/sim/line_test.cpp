@@ -1,11 +1,10 @@
-// The line as the station meets it: who answers what and when the bytes arrive. The station's
-// side is played here with raw bytes; the faults, the in-process port and the tick driver are
-// shown against the real link in tests/integration.
+// The simulated line and its cameras, as the station meets them, and its setup from a file.
 #include <gtest/gtest.h>
 
 #include <string>
 
 #include "common/runtime_error.hpp"
+#include "sim/camera.hpp"
 #include "sim/line.hpp"
 #include "tests/support/frames.hpp"
 
@@ -31,30 +30,7 @@ struct Rig {
     std::vector<int> sent;  // the cameras that sent, in order
 };
 
-TEST(LineTiming, BytesArriveAtTheLineSpeed) {
-    for (const int speed : {9600, 19200}) {
-        Rig rig;
-        rig.line.setSpeed(speed);
-        const Micros byte = rig.line.byteTime();
-        EXPECT_NEAR(static_cast<double>(byte.count()), 1e7 / speed, 1.0);
-        Camera& cam = rig.line.addCamera(1, "AB1", "01");
-        rig.line.fromStation(frame(wire("30 2B 10 00")));  // 8 bytes
-        // The ACK leaves one turnaround after the frame's last byte and takes one byte time;
-        // the reply's seven bytes follow the answer delay.
-        const Micros ackIn = 8 * byte + cam.timing.turnaround + byte;
-        const Micros replyIn = ackIn - byte + cam.timing.answerDelay + 7 * byte;
-        rig.line.advanceTo(ackIn - byte / 10);
-        EXPECT_EQ(rig.line.waitingForStation(), 0u) << speed;
-        rig.line.advanceTo(ackIn);
-        EXPECT_EQ(rig.line.takeForStation(), wire("06")) << speed;
-        rig.line.advanceTo(replyIn - byte / 10);
-        EXPECT_EQ(rig.line.waitingForStation(), 6u) << speed;
-        rig.line.advanceTo(replyIn);
-        EXPECT_EQ(rig.line.takeForStation(), wire("02 03 32 2B 10 8F FF")) << speed;
-    }
-}
-
-TEST(LineAnswers, InIdModeOnlyTheAddressedCameraAnswersWithItsId) {
+TEST(SimLine, IdModeAddressed) {
     Rig rig;
     rig.line.setIdMode(true);
     for (int p = 1; p <= 3; ++p) rig.line.addCamera(p, "AB1", "0" + std::to_string(p)).setMode(0x08, static_cast<std::uint8_t>(p));
@@ -65,41 +41,25 @@ TEST(LineAnswers, InIdModeOnlyTheAddressedCameraAnswersWithItsId) {
     EXPECT_TRUE(rig.after(1500ms).empty());
 }
 
-TEST(LineAnswers, WithoutIdModeEveryCameraAppliesAndTheFirstAnswersForAll) {
-    Rig rig;
-    rig.line.addCamera(2, "AB1", "02");
-    rig.line.addCamera(5, "AB1", "05");
-    rig.line.fromStation(frame(wire("20 05 01 FE")));
-    EXPECT_EQ(rig.after(50ms), wire("06") + frame(wire("22 05 01")));
-    EXPECT_EQ(rig.line.at(5).mode(0x05), 0x01);
-    EXPECT_EQ(rig.sent, (std::vector<int>{2, 2}));
-}
-
-TEST(LineAnswers, ABadFrameIsNakedAndNotAppliedUnlessItIsHandshakeFree) {
-    Rig rig;
-    Camera& cam = rig.line.addCamera(1, "AB1", "01");
-    Bytes bad = frame(wire("20 08 01 FE"));
-    bad[bad.size() - 2] ^= 0x01;
-    rig.line.fromStation(bad);
-    EXPECT_EQ(rig.after(50ms), wire("15"));
-    rig.line.fromStation(wire("06") + bad);
-    EXPECT_TRUE(rig.after(50ms).empty());
-    EXPECT_EQ(cam.mode(0x08), 0x00);
-}
-
-TEST(LineAnswers, AfterAnUnansweredReplyA06IsAPrefixAgainAndNoAckStillApplies) {
-    Rig rig;
-    Camera& cam = rig.line.addCamera(1, "AB1", "01");
-    rig.line.fromStation(frame(wire("33 18")));
-    rig.after(Line::kAnswerWait + 100ms);  // the reply's verdict never came
-    rig.line.fromStation(frame(wire("30 18 20 00"), "", true));
-    EXPECT_TRUE(rig.after(100ms).empty());
-    EXPECT_EQ(cam.level(0x18), 0x20);
-
-    cam.faults.noAck = 1;
-    rig.line.fromStation(frame(wire("20 08 01 FE")));
-    EXPECT_EQ(rig.after(50ms), frame(wire("22 08 01")));
-    EXPECT_THROW(rig.line.addCamera(9, "AB1", "9"), RuntimeError);
+TEST(SimCamera, MaskedModeWrites) {
+    Camera cam("AB1", "01");
+    cam.setMode(0x04, 0xFF);
+    const std::pair<const char*, const char*> cases[] = {
+        {"20 04 0C F3", "22 04 FF"},  // white 3 in bits 2..3
+        {"20 04 00 FC", "22 04 FC"},  // iris 0 in bits 0..1
+        {"20 08 FF FE", "22 08 01"},  // data bits outside the opened field are not written
+        {"20 0F 10 00", "22 0F 10"},  // mask 00 writes the whole register
+        {"28 12 08 F3", "2A 12 08"},  // the 28 bank is apart from the 20 bank
+        {"23 12", "22 12 00"},
+        {"23", "22 00 00"},           // missing bytes read as 0
+        {"30 2B 80 00", "32 2B 80"},
+    };
+    for (const auto& [command, reply] : cases) EXPECT_EQ(cam.apply(wire(command)).reply, wire(reply)) << command;
+    cam.setLevel(0x2B, 0x1FF);  // a narrow level keeps its low byte
+    EXPECT_EQ(cam.level(0x2B), 0xFF);
+    for (const char* unanswered : {"10 01 02", "22 01 02", "40 10", ""})
+        EXPECT_TRUE(cam.apply(wire(unanswered)).reply.empty()) << unanswered;
+    EXPECT_EQ(cam.autoRuns, 1);
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ class FunctionWindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void aChosenValueReachesTheLineAndTheCamerasReplyReachesTheItemList() {
+    void valueOutReplyIn() {
         ViewRig rig;
         rig.openStudio();  // camera 1: ST1
         QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);  // "FUNC"

@@ -27,36 +27,8 @@ class SettingsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void rememberedSettingsRoundTripThroughTheSettingsFile() {
-        QTemporaryDir dir;
-        const QString file = dir.filePath(QStringLiteral("corvane-station.conf"));
-        const std::string oldFile = inDir(dir, "definition-folder");
-        std::ofstream(oldFile) << "/opt/types\n";
-        {
-            QSettings qs(file, QSettings::IniFormat);
-            RememberedSettings s(qs);
-            for (int i = 1; i <= 10; ++i) s.fileUsed("/studio/" + std::to_string(i) + ".csd");
-            s.fileUsed("/studio/5.csd");  // used again: back to the head, listed once
-            s.forgetFile("/studio/9.csd");
-            s.takeOldDefinitionFolder(oldFile);
-            s.setWindowPlace(QStringLiteral("Form2"), QByteArray("place"));
-        }
-        QSettings qs(file, QSettings::IniFormat);
-        RememberedSettings s(qs);
-        QCOMPARE(s.recentFiles(), (std::vector<std::string>{"/studio/5.csd", "/studio/10.csd", "/studio/8.csd",
-                                                            "/studio/7.csd", "/studio/6.csd", "/studio/4.csd",
-                                                            "/studio/3.csd"}));
-        QCOMPARE(s.definitionFolder(), std::optional<std::filesystem::path>("/opt/types"));
-        QCOMPARE(s.windowPlace(QStringLiteral("Form2")), QByteArray("place"));
 
-        // The old file is read once: a later change to it is not taken.
-        std::ofstream(oldFile) << "/elsewhere\n";
-        qs.remove(QStringLiteral("definitions/folder"));
-        s.takeOldDefinitionFolder(oldFile);
-        QVERIFY(!s.definitionFolder());
-    }
-
-    void recentFilesOpenAgainAndWindowsGoBackWhereTheyWere() {
+    void recentFilesAndPlaces() {
         QTemporaryDir dir;
         QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
         RememberedSettings remembered(qs);

@@ -28,7 +28,7 @@ class StartTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void commandLineNamesThePortAndTheDefinitions() {
+    void commandLine() {
         ProgramOptions o = parseProgramOptions({"--port", "/dev/pts/4", "--definitions=/opt/types"});
         QVERIFY(o.error.empty());
         QCOMPARE(o.port, std::optional<std::string>("/dev/pts/4"));
@@ -37,8 +37,6 @@ private slots:
         o = parseProgramOptions({"--port=/dev/ttyUSB0", "--port", "/dev/ttyS1"});
         QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS1"));  // the last one wins
 
-        QVERIFY(parseProgramOptions({"--help"}).help);
-        QVERIFY(parseProgramOptions({"--version"}).version);
         QCOMPARE(parseProgramOptions({"--port"}).error, std::string("Missing value after '--port'."));
         QCOMPARE(parseProgramOptions({"--speed", "x"}).error, std::string("Unknown option 'speed'."));
         QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
@@ -47,47 +45,9 @@ private slots:
         // Qt's own options are left to Qt; the rest is ours, read before a display is opened.
         QCOMPARE(withoutQtOptions({"-platform", "offscreen", "--port", "/dev/x", "-reverse", "--style=Fusion", "-x"}),
                  (std::vector<std::string>{"--port", "/dev/x", "-x"}));
-        QCOMPARE(programVersion(), std::string("corvane-station " STATION_VERSION "\n"));
     }
 
-    void portComesFromTheOptionThenTheEnvironmentElseTheBuiltInLine() {
-        const ProgramOptions none = parseProgramOptions({});
-        QVERIFY(!portDevice(none, nullptr));
-        QVERIFY(!portDevice(none, ""));
-        QCOMPARE(portDevice(none, "/tmp/corvane-line"), std::optional<std::string>("/tmp/corvane-line"));
-        const ProgramOptions given = parseProgramOptions({"--port", "/dev/ttyS0"});
-        QCOMPARE(portDevice(given, "/tmp/corvane-line"), std::optional<std::string>("/dev/ttyS0"));
-
-        // For one run the options override the choice remembered from the menu.
-        const PortChoice simulated{{}, true};
-        const PortChoice usb{"/dev/ttyUSB0", false};
-        QVERIFY(startPort(none, nullptr, std::nullopt) == simulated && startPort(none, nullptr, usb) == usb);
-        QVERIFY(startPort(given, nullptr, simulated) == (PortChoice{"/dev/ttyS0", false}));
-        const ProgramOptions simulate = parseProgramOptions({"--simulate", "--log-file", "/tmp/line.log"});
-        QVERIFY(startPort(simulate, "/tmp/corvane-line", usb) == simulated);
-        QCOMPARE(simulate.logFile, std::optional<std::filesystem::path>("/tmp/line.log"));
-    }
-
-    void definitionsFallBackToTheSamplesOnlyWhenNothingWasNamed() {
-        QTemporaryDir empty;
-        QTemporaryDir own;
-        std::ofstream(own.filePath(QStringLiteral("MY.FCL")).toStdString()) << "[camera type]\r\n";
-        const std::filesystem::path samples = STATION_SAMPLES_DIR;
-        const std::filesystem::path emptyDir = empty.path().toStdString();
-        const std::filesystem::path ownDir = own.path().toStdString();
-        const ProgramOptions none = parseProgramOptions({});
-
-        QCOMPARE(definitionFolder(none, std::nullopt, emptyDir, samples), samples);
-        QCOMPARE(definitionFolder(none, std::nullopt, ownDir, samples), ownDir);
-        QCOMPARE(definitionFolder(none, ownDir, emptyDir, samples), ownDir);  // remembered
-        const ProgramOptions named = parseProgramOptions({"--definitions", emptyDir.string()});
-        QCOMPARE(definitionFolder(named, std::nullopt, ownDir, samples), emptyDir);
-        QCOMPARE(definitionFolder(none, std::nullopt, emptyDir, std::nullopt), emptyDir);
-
-        QCOMPARE(samplesFolder("/nonexistent/bin"), std::optional(samples.lexically_normal()));
-    }
-
-    void builtInLineAnswersTheStationWithTheStudioOpened() {
+    void builtInLine() {
         const std::filesystem::path studio = std::filesystem::path(STATION_SAMPLES_DIR) / "studio.csd";
         BuiltinLine line(studio);
         testing::FakeMessages messages;

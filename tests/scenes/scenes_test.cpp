@@ -1,4 +1,4 @@
-// The read requests of a page, by the camera type's switches and item table.
+// Scenes, page reads and the camera set dialog on a started station.
 #include <gtest/gtest.h>
 
 #include "common/runtime_error.hpp"
@@ -23,7 +23,7 @@ struct PageRig : StationRig {
     }
 };
 
-TEST(PageRead, FixedRequestsFollowTheTypesSwitches) {
+TEST(PageRead, FixedBySwitches) {
     PageRig rig;
     TypeTables& t = rig.station.types;
     t.FormGain(1) = 3;
@@ -43,7 +43,7 @@ TEST(PageRead, FixedRequestsFollowTheTypesSwitches) {
     EXPECT_EQ(rig.read().size(), 14u);
 }
 
-TEST(PageRead, ItemRequestsByKind) {
+TEST(PageRead, ItemsByKind) {
     PageRig rig;
     TypeTables& t = rig.station.types;
     t.FuncList(1, 0, 0) = "2";
@@ -60,20 +60,33 @@ TEST(PageRead, ItemRequestsByKind) {
     EXPECT_EQ(Commands(r.begin() + 13, r.end()), (Commands{"234A", "335B", "335C", "D100"}));
 }
 
-TEST(PageRead, EmptyCountsAskForNoFunctionsAndCountsPastTheTablesAreFaults) {
-    PageRig rig;
-    TypeTables& t = rig.station.types;
-    t.FuncList(1, 0, 0) = "";
-    EXPECT_EQ(rig.read().size(), 13u);
-    rig.station.pages.SEND_Click();  // a page write without functions sends the main panel only
-    EXPECT_EQ(rig.takeQueued().size(), 13u);
-    EXPECT_EQ(rig.station.form2.List1.listIndex(), -1);
-    t.FuncList(1, 0, 0) = "1";
-    t.ItemList(1, 1, 0) = "13";
-    EXPECT_THROW(rig.station.pages.Command12_Click(), RuntimeError);
-    t.ItemList(1, 1, 0) = "0";
-    t.FuncList(1, 0, 0) = "21";
-    EXPECT_THROW(rig.station.pages.Command12_Click(), RuntimeError);
+TEST(CameraSet, TypesIdsAndConfirm) {
+    testing::StationRig rig;
+    Station& s = rig.station;
+    const auto choose = [&](const std::string& type) {
+        for (int i = 0; i < s.form4.List1.listCount(); ++i)
+            if (s.form4.List1.list(i) == type) s.form4.List1.setListIndex(i);
+    };
+    s.Camera_ID_Click();
+    s.form4.Option1.click(2);
+    choose("PT2");
+    EXPECT_EQ(s.shared.cams.CamType(2) + s.form4.Option1[2].Caption + s.form1.Label12(2).Caption, "PT2PT2PT2");
+    s.form4.Text1(2).setText("07");
+    EXPECT_EQ(s.form1.Label9(2).Caption, "07");  // at once, before any confirmation
+    s.form4.Command1.Enabled = true;
+    s.cameraSet.Command1_Click();
+    EXPECT_EQ(s.shared.cams.CamFclNo(2), "1");
+    EXPECT_EQ(s.types.FormFilter(1), 2);
+    EXPECT_EQ(s.shared.CtrlReady, 1);
+
+    // "delete" empties the position; after confirming it has no slot and no message.
+    s.form4.Option1.click(2);
+    choose("delete");
+    EXPECT_EQ(s.shared.cams.CamType(2) + s.form4.Label5.Caption + s.shared.cams.CamID(2), "07");
+    s.cameraSet.Command1_Click();
+    EXPECT_EQ(s.shared.cams.CamFclNo(2), "");
+    EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_EQ(s.link.queue().SendCnt(), 0);
 }
 
 }  // namespace
