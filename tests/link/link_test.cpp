@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "common/hex.hpp"
+#include "link/console.hpp"
 #include "tests/link/link_rig.hpp"
 
 namespace station {
@@ -129,6 +130,26 @@ TEST(Receive, ElevenBytesDropped) {
     EXPECT_EQ(rig.link.RecBuff(), next);   // the rest waits for the next arrival
     rig.tick(wire("06"));
     EXPECT_EQ(rig.decoders.calls, Calls{"RecAuto(10,00)"});
+}
+
+// The command console feeds its bytes into the receive path on the next poll, after the
+// port's own bytes, and sends nothing itself; a spoilt frame is NAKed like one from a camera.
+TEST(Console, InjectsOnNextPoll) {
+    LinkRig rig;
+    rig.settle();
+    Console console{rig.link};
+    EXPECT_EQ(console.Text2.text(), "0203400000BCFF");
+    console.Command2_Click();
+    EXPECT_EQ(console.Text3.text(), "7");
+    EXPECT_TRUE(rig.port.writes.empty());
+    EXPECT_EQ(rig.tick(), kAck);
+    EXPECT_EQ(rig.decoders.calls, testing::Calls{"RecAuto(00,00)"});
+    EXPECT_EQ(rig.link.Label11.Caption, " 02 03 40 00 00 BC FF");
+
+    console.Text1.setText("0203400000BCFE");  // one checksum digit changed
+    console.Command1_Click();
+    EXPECT_EQ(rig.tick(), kNak);
+    EXPECT_EQ(rig.decoders.calls.size(), 1U);
 }
 
 }  // namespace

@@ -21,7 +21,7 @@ struct Case {
 
 // The remote lines on one station and the window gestures on another leave both with the
 // same frames queued, the same panel and the same stored settings.
-TEST(RemoteCommands, EachCommandDoesWhatItsGestureDoes) {
+TEST(Remote, SameEffectAsGesture) {
     const Case cases[] = {
         {{"camera 2"}, [](Station& s) { s.form1.Option9.click(2); }},
         {{"camera group"}, [](Station& s) { s.form1.Option9.click(0); }},
@@ -118,7 +118,7 @@ TEST(RemoteCommands, EachCommandDoesWhatItsGestureDoes) {
     }
 }
 
-TEST(RemoteCommands, RefusesWhatTheWindowWouldNotDoWithAReason) {
+TEST(Remote, RefusesWithReason) {
     const std::pair<std::string, const char*> refused[] = {
         {"zoom 3", "ERR unknown command \"zoom\""},
         {"camera 9", "ERR camera must be from 0 to 8, not 9"},
@@ -164,7 +164,7 @@ TEST(RemoteCommands, RefusesWhatTheWindowWouldNotDoWithAReason) {
     EXPECT_EQ(rig.commands.execute(""), "");
 }
 
-TEST(RemoteCommands, AFullQueueRefusesWhatCouldSendButNotWhatReads) {
+TEST(Remote, FullQueueRefusesSends) {
     RemoteRig rig;
     rig.port.close();
     for (int i = 0; i < 201; ++i) rig.station.link.SendCmd("200801FE");
@@ -174,7 +174,7 @@ TEST(RemoteCommands, AFullQueueRefusesWhatCouldSendButNotWhatReads) {
     EXPECT_EQ(rig.commands.execute("level iris 3"), "OK");
 }
 
-TEST(RemoteCommands, ReportsEveryChangeASurfaceShowsAndTheAutoResultWhenItArrives) {
+TEST(Remote, PushesPanelAndAutoResult) {
     RemoteRig rig;
     EXPECT_TRUE(rig.commands.changes().empty());
     rig.commands.execute("level iris 12");
@@ -201,7 +201,7 @@ TEST(RemoteCommands, ReportsEveryChangeASurfaceShowsAndTheAutoResultWhenItArrive
     EXPECT_EQ(rig.commands.execute("get type"), "OK type HD3");
 }
 
-TEST(RemoteCommands, ReportsTheShownFunctionPageTheLineAndWhichCameraAnswers) {
+TEST(Remote, PushesFunctionLineAnswers) {
     RemoteRig rig;
     EXPECT_EQ(rig.commands.execute("camera 3"), "OK");
     rig.run(200);
@@ -227,7 +227,7 @@ TEST(RemoteCommands, ReportsTheShownFunctionPageTheLineAndWhichCameraAnswers) {
     EXPECT_EQ(rig.station.line.stateText().rfind("lost (", 0), 0u);
 }
 
-TEST(RemoteCommands, SavesAndOpensSetupFilesInTheAllowedFolderThroughTheFileMenu) {
+TEST(Remote, FilesInAllowedFolder) {
     RemoteRig rig;
     EXPECT_EQ(rig.commands.execute("level mblk 11"), "OK");
     EXPECT_EQ(rig.commands.execute("save \"show one.csd\""), "OK");
