@@ -10,6 +10,8 @@
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/builtin_line.hpp"
+#include "ui/function_window.hpp"
+#include "ui/line_log_window.hpp"
 #include "ui/main_window.hpp"
 #include "ui/modal_pause.hpp"
 #include "ui/program_options.hpp"
@@ -37,8 +39,10 @@ public:
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
-    if (argc != 2) {
-        std::cerr << "usage: station-screenshot OUTPUT.png\n";
+    // The main window, or with a second argument the "Function" window or the line log.
+    const std::string which = argc == 3 ? argv[2] : "main";
+    if ((argc != 2 && argc != 3) || (which != "main" && which != "function" && which != "line-log")) {
+        std::cerr << "usage: station-screenshot OUTPUT.png [main|function|line-log]\n";
         return 2;
     }
     const auto samples = ui::samplesFolder(QCoreApplication::applicationDirPath().toStdString());
@@ -60,10 +64,15 @@ int main(int argc, char** argv) {
     view.refresh();
     // A page read, so that the line shows the camera talking.
     view.forward([&station] { station.pages.READ_Click(); });
+    if (which == "function") view.forward([&station] { station.scenes.Command5_Click(); });
+    if (which == "line-log") view.forward([&station] { station.line.window.Show(); });
 
     int result = 0;
     QTimer::singleShot(1500, [&] {
-        if (!view.mainWindow().grab().save(QString::fromLocal8Bit(argv[1]))) {
+        QWidget& window = which == "function" ? static_cast<QWidget&>(view.functionWindow())
+                          : which == "line-log" ? static_cast<QWidget&>(view.lineLogWindow())
+                                                : static_cast<QWidget&>(view.mainWindow());
+        if (!window.grab().save(QString::fromLocal8Bit(argv[1]))) {
             std::cerr << "station-screenshot: cannot write " << argv[1] << "\n";
             result = 1;
         }
