@@ -105,6 +105,23 @@ struct OpenRig : SetupRig {
 const std::string kStudio = crlf({"[system]", "ACK Check=1", "[camera type/ID]", "Camera 1=AB1|01", "Camera 2=ZZ9|02",
                                   "[function scene data]", "2040FC=01"});
 
+// One byte-order mark at the very start of a setup or definition file is skipped; a second
+// one, a part of one or one further on is text, and the line it begins is not a section.
+TEST(SetupLoad, ByteOrderMark) {
+    const std::string bom = "\xEF\xBB\xBF", system = "[system]\r\nACK Check=1\r\n";
+    for (const auto& [text, ackMode] : std::vector<std::pair<std::string, int>>{
+             {bom + system, 1}, {bom + bom + system, 0}, {"\xEF\xBB" + system, 0}, {"[end]\r\n" + bom + system, 0}}) {
+        SetupRig rig;
+        rig.load(text);
+        EXPECT_EQ(rig.shared.AckMode, ackMode) << ::testing::PrintToString(text);
+    }
+    SetupRig rig;
+    const std::string gain = crlf({"[form control]", "GAIN=1"});
+    rig.types.loadDefinition(1, bom + gain);
+    rig.types.loadDefinition(2, "x" + bom + gain);
+    EXPECT_EQ(rig.tables.FormGain(1) * 10 + rig.tables.FormGain(2), 10);
+}
+
 TEST(CamFileOpen, LoadsThenRefreshes) {
     OpenRig rig;
     rig.dialogs.openAnswer = rig.folder.write("studio.csd", kStudio).string();
