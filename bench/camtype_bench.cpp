@@ -12,8 +12,11 @@
 #include "camtype/camera_types.hpp"
 #include "camtype/item_rows.hpp"
 #include "setupfile/setup_file.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
+
+using station::testing::NoDialogs;
 
 using namespace station;
 
@@ -21,13 +24,6 @@ class QuietMessages : public MessageSink {
 public:
     void show(const std::string&, Icon) override { ++shown; }
     int shown = 0;
-};
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
 };
 
 // A scratch folder for the run, removed at the end.

@@ -7,27 +7,14 @@
 
 #include "camtype/item_rows.hpp"
 #include "funcedit/function_editor.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
 
+using station::testing::NullPort;
+using station::testing::QuietMessages;
+
 using namespace station;
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
-
-class NullPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return 0; }
-    Bytes readAll() override { return {}; }
-    void write(const Bytes&) override {}
-};
 
 class NoDecoders : public ReplyDecoders {
 public:

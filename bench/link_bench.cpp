@@ -6,8 +6,11 @@
 
 #include "common/shared.hpp"
 #include "link/link.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
+
+using station::testing::QuietMessages;
 
 using namespace station;
 
@@ -23,11 +26,6 @@ public:
     void write(const Bytes& data) override { written += data.size(); }
     Bytes waiting;
     std::size_t written = 0;
-};
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
 };
 
 class CountingDecoders : public ReplyDecoders {

@@ -7,34 +7,15 @@
 #include <QTcpSocket>
 
 #include "ui/remote_control.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
 
+using station::testing::NullPort;
+using station::testing::QuietMessages;
+using station::testing::NoDialogs;
+
 using namespace station;
-
-class NullPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return 0; }
-    Bytes readAll() override { return {}; }
-    void write(const Bytes&) override {}
-};
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
 
 QCoreApplication& app() {
     static int argc = 1;

@@ -9,15 +9,13 @@
 
 #include "camtype/camera_types.hpp"
 #include "common/vb_conv.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
 
-using namespace station;
+using station::testing::QuietMessages;
 
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
+using namespace station;
 
 void expectAtMost(const std::string& count, int limit) {
     if (val(count) > limit) std::abort();

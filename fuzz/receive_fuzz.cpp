@@ -11,8 +11,11 @@
 #include "common/runtime_error.hpp"
 #include "common/shared.hpp"
 #include "link/link.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
+
+using station::testing::QuietMessages;
 
 using namespace station;
 
@@ -27,11 +30,6 @@ public:
     Bytes readAll() override { return std::exchange(waiting, {}); }
     void write(const Bytes&) override {}
     Bytes waiting;
-};
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
 };
 
 class NoDecoders : public ReplyDecoders {

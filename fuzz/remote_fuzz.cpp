@@ -8,27 +8,14 @@
 
 #include "remote/command_set.hpp"
 #include "remote/osc_codec.hpp"
+#include "tests/support/null_platform.hpp"
 
 using namespace station;
 
 namespace {
 
-class NullPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return 0; }
-    Bytes readAll() override { return {}; }
-    void write(const Bytes&) override {}
-};
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
+using station::testing::NullPort;
+using station::testing::QuietMessages;
 
 struct Rig {
     Rig() { station.Form_Load(); }

@@ -24,17 +24,15 @@
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
 #include "sim/tick_driver.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
+
+using station::testing::QuietMessages;
 
 using namespace station;
 using namespace std::chrono_literals;
 namespace fs = std::filesystem;
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
 
 class AnsweredDialogs : public FileDialogs {
 public:

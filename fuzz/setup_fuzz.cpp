@@ -10,22 +10,14 @@
 #include "camtype/item_rows.hpp"
 #include "setupfile/setup_file.hpp"
 #include "setupfile/setup_text.hpp"
+#include "tests/support/null_platform.hpp"
 
 namespace {
 
+using station::testing::QuietMessages;
+using station::testing::NoDialogs;
+
 using namespace station;
-
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
 
 // The load never touches the type tables; one unused set serves every input.
 CameraTypes& unusedTypes() {

@@ -8,6 +8,7 @@
 #include "remote/osc_codec.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
+#include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
 #include "ui/remote_control.hpp"
 
@@ -16,12 +17,7 @@ using namespace station::ui;
 
 namespace {
 
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
+using station::testing::NoDialogs;
 
 struct Rig {
     explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost)) : settings{true, address, 0, 0, {}} {

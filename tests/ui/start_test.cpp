@@ -7,22 +7,14 @@
 #include "app/station.hpp"
 #include "panel/main_panel.hpp"
 #include "tests/support/fake_messages.hpp"
+#include "tests/support/null_platform.hpp"
 #include "ui/builtin_line.hpp"
 #include "ui/program_options.hpp"
 
 using namespace station;
 using namespace station::ui;
 
-namespace {
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
-
-}  // namespace
+using station::testing::NoDialogs;
 
 class StartTest : public QObject {
     Q_OBJECT
