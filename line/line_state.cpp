@@ -50,7 +50,8 @@ bool LineState::open() {
     } catch (const std::exception& e) {
         // Each new reason is logged once; the same failure on every retry is not.
         const LineCondition held = condition_ == LineCondition::Lost ? LineCondition::Lost : LineCondition::NotConnected;
-        if (condition_ == LineCondition::Connected || reason_ != e.what()) note("Not connected: " + std::string(e.what()), {}, 0);
+        if (condition_ == LineCondition::Connected || reason_ != e.what())
+            note("Not connected: " + std::string(e.what()) + "; trying again about once a second", {}, 0);
         setCondition(held, e.what());
         return false;
     }

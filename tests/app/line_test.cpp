@@ -23,8 +23,10 @@ TEST(Line, StartsWithoutDevice) {
     LineRig r(false);
     r.station.line.name({"/dev/ttyUSB7", false});
     r.start();
-    ASSERT_EQ(r.messages.shown.size(), 1u);
-    EXPECT_EQ(r.messages.shown[0].text.rfind("Port not available\r", 0), 0u);
+    // No box: it would stand the timers still, and with them the retry, until someone came.
+    EXPECT_TRUE(r.messages.shown.empty());
+    EXPECT_EQ(r.station.notice.last(),
+              "Port not available: the station works without the line and tries it again about once a second");
 
     // Commands queue; nothing is written and no time-out counts while there is no line.
     r.station.link.SendCmd("30187F00");
@@ -32,13 +34,20 @@ TEST(Line, StartsWithoutDevice) {
     r.run(3000);
     EXPECT_EQ(r.port.opens, 1 + 3);  // tried again about once a second
     EXPECT_TRUE(r.port.writes.empty());
-    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Not connected: port not available"}));  // once
+    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Not connected: port not available; trying again about once a second"}));  // once
 
     r.port.failOpen = false;
     r.run(1000);
     EXPECT_EQ(r.station.lineStatus(), "/dev/ttyUSB7  |  9600bps  |  Ack On  |  Camera ID off  |  connected");
     r.run(600);  // the handshake's start-up wait, then the head goes out
     EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
+    EXPECT_TRUE(r.messages.shown.empty());
+
+    // A device the operator chooses that is not there either: told the same way.
+    r.port.failOpen = true;
+    r.station.choosePort({"/dev/ttyUSB9", false});
+    EXPECT_TRUE(r.messages.shown.empty());
+    EXPECT_EQ(r.station.notice.last().rfind("Port not available: ", 0), 0u);
 }
 
 TEST(Line, LostHoldsEverything) {

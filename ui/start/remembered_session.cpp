@@ -30,6 +30,8 @@ RememberedSession::RememberedSession(RememberedSettings& settings, StationView& 
     station.setupFile.FileUsed = [&settings](const std::string& path) { settings.fileUsed(path); };
     QStatusBar* status = view.mainWindow().statusBar();
     station.notice.shown = [status](const std::string& text) { status->showMessage(qs(text), 30'000); };
+    // A notice of the start-up (the device is missing) came before the window could show it.
+    if (!station.notice.last().empty()) station.notice.shown(station.notice.last());
 }
 
 RememberedSession::~RememberedSession() {
