@@ -73,6 +73,27 @@ TEST(Line, LostHoldsEverything) {
     EXPECT_EQ(r.port.takeWritten(), wire("06"));
 }
 
+TEST(Line, WriteFaultKeepsTheFrame) {
+    LineRig r;
+    r.start();
+    r.run(600);
+    r.station.ACK_Click(1);  // Ack Off: a frame leaves the queue once written
+    r.station.link.SendCmd("30187F00");
+    r.station.link.SendCmd("30190100");
+    r.port.hungUp = true;  // the write is refused (or cut short)
+    r.run(40);
+    EXPECT_EQ(r.station.line.condition(), LineCondition::Lost);
+    EXPECT_EQ(r.logged().front(), "Line lost: fake: write failed");
+    EXPECT_EQ(r.station.link.queue().SendCnt(), 2);
+    r.port.hungUp = false;
+    r.run(1100);
+    ASSERT_EQ(r.port.writes.size(), 2u);  // both, in order, once each
+    EXPECT_EQ(Bytes(r.port.writes[0].begin(), r.port.writes[0].begin() + 5), wire("06 02 04 30 18"));
+    EXPECT_EQ(Bytes(r.port.writes[1].begin(), r.port.writes[1].begin() + 5), wire("06 02 04 30 19"));
+    EXPECT_EQ(r.station.link.queue().SendCnt(), 0);
+    EXPECT_TRUE(r.messages.shown.empty());
+}
+
 TEST(Line, AnswersAndLog) {
     LineRig r;
     r.start();

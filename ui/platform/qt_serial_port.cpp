@@ -1,5 +1,6 @@
 #include "ui/platform/qt_serial_port.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
@@ -113,7 +114,14 @@ Bytes QtSerialPort::readAll() {
 void QtSerialPort::write(const Bytes& data) {
     checkLine();
     if (!isOpen() || data.empty()) return;
-    port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
+    // A frame Qt did not take whole is a line fault: the station keeps it and sends it again
+    // after the reopen, rather than losing it without a word.
+    const qint64 taken = port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
+    if (taken != static_cast<qint64>(data.size())) {
+        const std::string why = port_.errorString().toStdString();
+        throw LineFault(device_ + ": write failed (" + std::to_string(std::max<qint64>(taken, 0)) + " of " +
+                        std::to_string(data.size()) + " bytes taken): " + why);
+    }
     port_.flush();
     checkLine();
 }
