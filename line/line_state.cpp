@@ -66,6 +66,7 @@ bool LineState::choose(PortChoice choice) {
     port_.close();
     choice_ = std::move(choice);
     everConnected_ = false;
+    answers.reset();  // what the old port's cameras said tells nothing of the new one's
     reason_.clear();  // a failure of the new device is logged even if the old one failed alike
     condition_ = LineCondition::NotConnected;
     if (switchPort) switchPort(choice_);
@@ -83,6 +84,7 @@ void LineState::retryTick() {
 void LineState::lost(const std::string& reason) {
     if (!connected()) return;
     port_.close();
+    answers.lineLost();
     note("Line lost: " + reason, {}, 0);
     setCondition(LineCondition::Lost, reason);
 }

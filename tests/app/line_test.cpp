@@ -126,6 +126,39 @@ TEST(Line, AnswersAndLog) {
     EXPECT_EQ(LineLog::line(log.at(1)), log.at(1).time + "  CAM2 (AB2)  No Acknowledge  [02 04 30 18 7F 00 34 FF]");
 }
 
+TEST(Line, MarksAfterLossAndPortChange) {
+    LineRig r;
+    r.start();
+    r.run(600);
+    const auto state = [&](int camera) { return r.station.line.answers.state(camera, r.clock); };
+    r.station.link.SendCmd("30187F00");  // camera 1 acknowledges
+    r.run(40);
+    r.port.arrive(wire("06"));
+    r.run(40);
+    r.station.shared.CamNo = 2;  // camera 2 stays silent
+    r.station.link.SendCmd("30187F00");
+    r.run(1200);
+    ASSERT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::NotAnswering}));
+
+    r.port.hungUp = true;
+    r.run(40);
+    EXPECT_EQ((std::vector{state(1), state(2), state(3)}), (std::vector{Answer::Unknown, Answer::Unknown, Answer::Unknown}));
+    r.port.hungUp = false;
+    r.run(1000);  // back, but nobody has answered on it yet
+    ASSERT_TRUE(r.station.line.connected());
+    EXPECT_EQ(state(1), Answer::Unknown);
+    r.station.shared.CamNo = 1;
+    r.station.link.SendCmd("30187F00");
+    r.run(40);
+    r.port.arrive(wire("06"));
+    r.run(40);
+    EXPECT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::Unknown}));
+
+    r.station.choosePort({"/dev/ttyUSB3", false});  // another line: nothing heard on it yet
+    EXPECT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::NotHeard, Answer::NotHeard}));
+    EXPECT_FALSE(r.station.line.answers.lastAnswer(1).has_value());
+}
+
 TEST(Line, FaultLineClears) {
     LineRig r;
     r.start();
