@@ -18,6 +18,7 @@
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
 #include "ui/main/main_window.hpp"
+#include "ui/platform/end_signals.hpp"
 #include "ui/platform/modal_pause.hpp"
 #include "ui/start/program_options.hpp"
 #include "ui/platform/qt_file_dialogs.hpp"
@@ -118,6 +119,8 @@ int main(int argc, char** argv) {
     };
     StationView view(station, modal, beforePoll);
     view.onEnded = [] { QCoreApplication::quit(); };
+    // Ended from outside: the same shutdown as "&Quit", so that the port and its lock go.
+    const EndSignals endSignals([&view, &station] { view.forward([&station] { station.QUIT_Click(); }); });
 
     try {
         station.Form_Load();
@@ -137,5 +140,7 @@ int main(int argc, char** argv) {
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
     installRemoteMenu(view.mainWindow(), remote);
-    return app.exec();
+    const int status = app.exec();
+    port.close();  // released now, its lock file with it, whatever ended the program
+    return status;
 }

@@ -6,6 +6,7 @@
 
 #include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
+#include "ui/platform/stale_lock.hpp"
 
 namespace station::ui {
 
@@ -84,7 +85,13 @@ void QtSerialPort::open() {
     if (port_.isOpen()) return;
     port_.clearError();
     port_.setPortName(QString::fromStdString(device_));
-    if (!port_.open(QIODevice::ReadWrite)) {
+    bool opened = port_.open(QIODevice::ReadWrite);
+    // A lock left by a station that no longer runs must not keep the device from it.
+    if (!opened && port_.error() == QSerialPort::PermissionError && removeStaleLock(device_)) {
+        port_.clearError();
+        opened = port_.open(QIODevice::ReadWrite);
+    }
+    if (!opened) {
         const std::string why = port_.errorString().toStdString();
         port_.clearError();
         throw std::runtime_error("cannot open " + device_ + ": " + why);
