@@ -10,6 +10,7 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     if (options.tcpPort) out.tcpPort = static_cast<quint16>(*options.tcpPort);
     if (options.oscPort) out.oscPort = static_cast<quint16>(*options.oscPort);
     out.fileFolder = options.folder;
+    if (options.idleSeconds) out.tcp.idle = std::chrono::seconds(*options.idleSeconds);
     return out;
 }
 
@@ -17,7 +18,7 @@ RemoteControl::RemoteControl(Station& station, remote::PresetDialogs& dialogs, R
                              std::function<void()> refresh, std::function<bool()> busy)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
       commands_(station, dialogs, {settings_.fileFolder, 200}),
-      tcp_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }),
+      tcp_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }, settings_.tcp),
       osc_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }) {
     commands_.busy = std::move(busy);
     commands_.afterGesture = [this] { dirty_ = true; };

@@ -29,6 +29,7 @@ struct RemoteSettings {
     quint16 tcpPort = 5250;
     quint16 oscPort = 5251;
     std::optional<std::filesystem::path> fileFolder;  // none: no file commands
+    TcpLimits tcp;
 };
 
 // The settings the remote-control options of the command line ask for; `error` is set when

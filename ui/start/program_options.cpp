@@ -16,7 +16,7 @@ namespace station::ui {
 namespace {
 
 struct RemoteNames {
-    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder;
+    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle;
 };
 
 void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& names, ProgramOptions& o) {
@@ -38,6 +38,12 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
         if (!number || n < 1 || n > 65535)
             fail("--" + option->names().constFirst().toStdString() + ": not a port number: " + text.toStdString());
         else *port = n;
+    }
+    if (parser.isSet(names.idle)) {
+        bool number = false;
+        const int seconds = parser.value(names.idle).toInt(&number);
+        if (!number || seconds < 1) fail("--remote-idle: not a number of seconds: " + parser.value(names.idle).toStdString());
+        else r.idleSeconds = seconds;
     }
     if (parser.isSet(names.folder)) {
         r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
@@ -64,8 +70,9 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
+    const QCommandLineOption remoteIdle(QStringLiteral("remote-idle"), QString(), QStringLiteral("SECONDS"));
     parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
-                       remoteFolder});
+                       remoteFolder, remoteIdle});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -98,7 +105,7 @@ Parsed parse(const std::vector<std::string>& args) {
         o.definitions = std::filesystem::path(folder);
         if (folder.empty()) o.error = "--definitions needs a folder";
     }
-    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder}, o);
+    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle}, o);
     return out;
 }
 
@@ -129,8 +136,8 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 
 std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
-           "                       [--remote] [--remote-address ADDR] [--remote-port N] [--osc-port N]\n"
-           "                       [--remote-folder DIR] [--version]\n"
+           "                       [--remote] [--remote-address ADDR] [--remote-port N]\n"
+           "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -155,6 +162,7 @@ std::string programHelp() {
            "  --remote-address ADDR  listen on this address instead (e.g. 0.0.0.0: the network)\n"
            "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
            "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n"
+           "  --remote-idle SECONDS  close a TCP client that sends nothing this long (600)\n"
            "\n"
            "  --version            show the program's version\n"
            "  --help               show this text\n";

@@ -20,6 +20,7 @@ struct RemoteOptions {
     std::optional<int> tcpPort;                      // --remote-port N
     std::optional<int> oscPort;                      // --osc-port N
     std::optional<std::filesystem::path> folder;     // --remote-folder DIR
+    std::optional<int> idleSeconds;                  // --remote-idle SECONDS
 };
 
 struct ProgramOptions {
