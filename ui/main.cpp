@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::string remoteError;
-    const RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
+    const RemoteSettings optionSettings = station::ui::remoteSettings(options.remote, remoteError);
     if (!options.error.empty() || !remoteError.empty()) {
         std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
                   << programHelp();
@@ -132,11 +132,20 @@ int main(int argc, char** argv) {
     if (line && choice.simulated && station.line.connected()) openStudio(station, dialogs, studio);
     // Only now, so that the sample studio does not join the recent files.
     const RememberedSession session(remembered, view, station, dialogs, writer);
+    // The session comes back: the setup file last opened or saved, through OPEN as the
+    // operator would open it (a file that is gone is told and taken off the list).
+    if (const auto last = remembered.lastFile(); last && !options.noRestore)
+        if (!openNamedFile(station, dialogs, *last)) remembered.forgetFile(*last);
     view.refresh();
     if (station.ended()) return 0;
 
+    // Options on the command line win; else remote control as the last run left it.
+    const RemoteSettings remoteSettings = options.remote.enabled || options.noRestore
+                                              ? optionSettings
+                                              : restoredRemote(remembered.remote(), optionSettings);
     RemoteControl remote(station, remoteDialogs, remoteSettings, [&view] { view.refresh(); },
                          [&modal] { return modal.depth > 0; });
+    remote.switched = [&remembered, &remote](bool on) { remembered.setRemote(rememberedRemote(remote.settings(), on)); };
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
     installRemoteMenu(view.mainWindow(), remote);

@@ -112,6 +112,16 @@ private slots:
         QCOMPARE(remoteSettings(parseProgramOptions({"--remote-idle", "5"}).remote, error).tcp.idle,
                  std::chrono::milliseconds(5000));
 
+        // Remote control comes back as the last run left it, on its address and ports.
+        RemoteSettings defaults;
+        defaults.tcp.idle = std::chrono::seconds(7);
+        QVERIFY(!restoredRemote(RememberedRemote{}, defaults).enabled);
+        const RememberedRemote last{true, "0.0.0.0", 6000, 6001, "/srv/studio"};
+        const RemoteSettings back = restoredRemote(last, defaults);
+        QVERIFY(back.enabled && back.address == QHostAddress(QStringLiteral("0.0.0.0")) && back.tcpPort == 6000 &&
+                back.oscPort == 6001 && back.fileFolder == std::filesystem::path("/srv/studio"));
+        QCOMPARE(back.tcp.idle, std::chrono::milliseconds(7000));
+        QCOMPARE(rememberedRemote(back, false), (RememberedRemote{false, "0.0.0.0", 6000, 6001, "/srv/studio"}));
 
         Rig local;
         QVERIFY(!local.remote.enabled() && local.remote.status().isEmpty());

@@ -35,8 +35,12 @@ private slots:
         const std::string studio = inDir(dir, "studio.csd");
         QVERIFY(QFile::copy(QStringLiteral(STATION_SAMPLES_DIR "/studio.csd"), QString::fromStdString(studio)));
         std::ofstream(studio + ".tmp") << "cut short";
+        QVERIFY(!remembered.lastFile() && !remembered.remote().on);
         remembered.fileUsed(inDir(dir, "gone.csd"));
         remembered.fileUsed(studio);
+        QCOMPARE(remembered.lastFile(), std::optional<std::string>(studio));  // the session to come back to
+        remembered.setRemote({true, "127.0.0.1", 5250, 5251, {}});
+        QCOMPARE(RememberedSettings(qs).remote(), (RememberedRemote{true, "127.0.0.1", 5250, 5251, {}}));
 
         testing::FakePort port;
         testing::FakeMessages messages;

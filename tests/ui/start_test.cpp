@@ -33,6 +33,7 @@ private slots:
         QCOMPARE(parseProgramOptions({"--speed", "x"}).error, std::string("Unknown option 'speed'."));
         QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
         QCOMPARE(parseProgramOptions({"/dev/ttyS0"}).error, std::string("unknown argument: /dev/ttyS0"));
+        QVERIFY(parseProgramOptions({"--no-restore"}).noRestore && !parseProgramOptions({}).noRestore);
         QCOMPARE(parseProgramOptions({"--remote-idle", "30"}).remote.idleSeconds, std::optional<int>(30));
         QCOMPARE(parseProgramOptions({"--remote-idle=0"}).error, std::string("--remote-idle: not a number of seconds: 0"));
 

@@ -14,6 +14,23 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     return out;
 }
 
+RemoteSettings restoredRemote(const RememberedRemote& last, RemoteSettings defaults) {
+    if (!last.on) return defaults;
+    RemoteSettings out = std::move(defaults);
+    out.enabled = true;
+    QHostAddress address;
+    if (address.setAddress(QString::fromStdString(last.address))) out.address = address;
+    if (last.tcpPort > 0 && last.tcpPort <= 65535) out.tcpPort = static_cast<quint16>(last.tcpPort);
+    if (last.oscPort > 0 && last.oscPort <= 65535) out.oscPort = static_cast<quint16>(last.oscPort);
+    if (!last.folder.empty()) out.fileFolder = std::filesystem::path(last.folder);
+    return out;
+}
+
+RememberedRemote rememberedRemote(const RemoteSettings& settings, bool on) {
+    return {on, settings.address.toString().toStdString(), settings.tcpPort, settings.oscPort,
+            settings.fileFolder ? settings.fileFolder->string() : std::string()};
+}
+
 RemoteControl::RemoteControl(Station& station, remote::PresetDialogs& dialogs, RemoteSettings settings,
                              std::function<void()> refresh, std::function<bool()> busy)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
@@ -38,7 +55,10 @@ bool RemoteControl::setEnabled(bool on) {
     tcp_.close();
     osc_.close();
     pushTimer_.stop();
-    if (!on) return true;
+    if (!on) {
+        if (switched) switched(false);
+        return true;
+    }
     if (!tcp_.listen(settings_.address, settings_.tcpPort)) {
         error_ = QStringLiteral("TCP port %1: %2").arg(settings_.tcpPort).arg(tcp_.errorString());
         return false;
@@ -50,6 +70,7 @@ bool RemoteControl::setEnabled(bool on) {
     }
     commands_.changes();  // clients ask with "get" for the state as it is; pushes tell what changes
     pushTimer_.start();
+    if (switched) switched(true);
     return true;
 }
 

@@ -18,6 +18,7 @@
 #include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "ui/start/program_options.hpp"
+#include "ui/start/remembered_settings.hpp"
 #include "ui/remote/remote_osc.hpp"
 #include "ui/remote/remote_tcp.hpp"
 
@@ -36,6 +37,11 @@ struct RemoteSettings {
 // the address is not one.
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
 
+// Remote control as the last run left it, on the defaults given (the idle limit stays).
+RemoteSettings restoredRemote(const RememberedRemote& last, RemoteSettings defaults);
+// What to remember of remote control, switched on or off.
+RememberedRemote rememberedRemote(const RemoteSettings& settings, bool on);
+
 class RemoteControl {
 public:
     // `refresh` redraws the windows after remote gestures; `busy` says a message box is up.
@@ -45,6 +51,9 @@ public:
     // Opens or closes both transports; false, with error(), when one could not be opened.
     bool setEnabled(bool on);
     bool enabled() const { return tcp_.isListening(); }
+    const RemoteSettings& settings() const { return settings_; }
+    // Runs after every successful switch, on or off (the program remembers it for next time).
+    std::function<void(bool on)> switched;
     QString error() const { return error_; }
     // What the status bar says while it is on.
     QString status() const;

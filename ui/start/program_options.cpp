@@ -71,8 +71,9 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
     const QCommandLineOption remoteIdle(QStringLiteral("remote-idle"), QString(), QStringLiteral("SECONDS"));
+    const QCommandLineOption noRestore(QStringLiteral("no-restore"));
     parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
-                       remoteFolder, remoteIdle});
+                       remoteFolder, remoteIdle, noRestore});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -95,6 +96,7 @@ Parsed parse(const std::vector<std::string>& args) {
         if (o.port->empty()) o.error = "--port needs a device";
     }
     o.simulate = parser.isSet(simulate);
+    o.noRestore = parser.isSet(noRestore);
     if (parser.isSet(logFile)) {
         const std::string file = parser.value(logFile).toLocal8Bit().toStdString();
         o.logFile = std::filesystem::path(file);
@@ -136,7 +138,7 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 
 std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
-           "                       [--remote] [--remote-address ADDR] [--remote-port N]\n"
+           "                       [--no-restore] [--remote] [--remote-address ADDR] [--remote-port N]\n"
            "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
@@ -155,6 +157,9 @@ std::string programHelp() {
            "                       [definitions] in ~/.config/corvane-station/\n"
            "                       corvane-station.conf), else the working folder, else\n"
            "                       the samples shipped with the program.\n"
+           "  --no-restore         start clean: without reopening the setup file last\n"
+           "                       opened or saved, and without turning remote control\n"
+           "                       back on as it was at the last run\n"
            "\n"
            "Control from outside (off unless one of these is given, or \"&Setup\" > \"Remote control\"):\n"
            "  --remote             serve remote commands on 127.0.0.1: TCP lines on port 5250,\n"

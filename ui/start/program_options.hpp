@@ -28,6 +28,7 @@ struct ProgramOptions {
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
     bool simulate = false;                             // --simulate
     std::optional<std::filesystem::path> logFile;      // --log-file FILE
+    bool noRestore = false;                            // --no-restore: not the last file, nor remote control
     RemoteOptions remote;
     bool help = false;
     bool version = false;
