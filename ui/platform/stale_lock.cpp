@@ -1,6 +1,7 @@
 #include "ui/platform/stale_lock.hpp"
 
 #include <signal.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <fstream>
@@ -47,6 +48,9 @@ bool lockIsStale(const std::string& firstLine) {
         pid = pid * 10 + (firstLine[at] - '0');
     if (digits == 0 || pid <= 0 || (at < firstLine.size() && firstLine[at] != '\n' && firstLine[at] != ' '))
         return false;  // not a lock we can read: leave it to its owner
+    // This process asks for the device, so it does not hold it: a lock with its id was left by
+    // an earlier station that had the same id (process ids start afresh in a new container).
+    if (pid == ::getpid()) return true;
     return !running(pid);
 }
 
