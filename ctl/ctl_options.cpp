@@ -4,6 +4,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "common/version.hpp"
+
 namespace station::ctl {
 
 namespace {
@@ -117,6 +119,6 @@ std::string ctlHelp() {
            "                       (docs/remote-control.md)\n";
 }
 
-std::string ctlVersion() { return std::string("corvane-ctl ") + STATION_VERSION + "\n"; }
+std::string ctlVersion() { return "corvane-ctl " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::ctl

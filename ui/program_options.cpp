@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "camtype/definition_folder.hpp"
+#include "common/version.hpp"
 
 namespace station::ui {
 
@@ -160,7 +161,7 @@ std::string programHelp() {
            "  --help               show this text\n";
 }
 
-std::string programVersion() { return std::string("corvane-station ") + STATION_VERSION + "\n"; }
+std::string programVersion() { return "corvane-station " + std::string(kStationVersion) + "\n"; }
 
 std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable) {
     if (options.port) return options.port;

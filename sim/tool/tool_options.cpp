@@ -4,6 +4,8 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "common/version.hpp"
+
 namespace station::sim {
 
 namespace {
@@ -138,6 +140,6 @@ std::string toolHelp() {
            "  --help                show this text\n";
 }
 
-std::string toolVersion() { return std::string("camera-sim ") + STATION_VERSION + "\n"; }
+std::string toolVersion() { return "camera-sim " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::sim
