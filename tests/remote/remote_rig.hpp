@@ -2,6 +2,7 @@
 // A started station on a fake port with the sample studio opened, and the remote command
 // set on it. Time advances as in the station tests: 20 ms steps, each timer at its interval.
 
+#include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
