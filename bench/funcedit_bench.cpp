@@ -8,22 +8,15 @@
 #include "camtype/item_rows.hpp"
 #include "funcedit/function_editor.hpp"
 #include "tests/support/null_platform.hpp"
+#include "tests/support/replay_line.hpp"
 
 namespace {
 
+using station::testing::CountingDecoders;
 using station::testing::NullPort;
 using station::testing::QuietMessages;
 
 using namespace station;
-
-class NoDecoders : public ReplyDecoders {
-public:
-    void RecModeMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecModeFunc(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogFunc(const std::string&, const std::string&, const std::string&, const std::string&) override {}
-    void RecAuto(const std::string&, const std::string&) override {}
-};
 
 std::string hex2(int v) { return hexDigits(static_cast<unsigned long>(v), 2); }
 
@@ -71,7 +64,7 @@ struct Editor {
 
     QuietMessages messages;
     NullPort port;
-    NoDecoders decoders;
+    CountingDecoders decoders;
     Shared shared;
     TypeTables types;
     SettingStores stores;
