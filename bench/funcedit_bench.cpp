@@ -8,7 +8,6 @@
 #include "camtype/item_rows.hpp"
 #include "funcedit/function_editor.hpp"
 #include "tests/support/null_platform.hpp"
-#include "tests/support/replay_line.hpp"
 
 namespace {
 

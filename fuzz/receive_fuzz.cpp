@@ -11,7 +11,6 @@
 #include "common/shared.hpp"
 #include "link/link.hpp"
 #include "tests/support/null_platform.hpp"
-#include "tests/support/replay_line.hpp"
 
 namespace {
 
