@@ -12,7 +12,7 @@
 #include "ctl/ctl_session.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
@@ -60,8 +60,8 @@ int run(const ctl::CtlOptions& options) {
     }
 
     ctl::CtlMessages messages(std::cerr);
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs(none);
+    NoDialogs none;
+    PresetDialogs dialogs(none);
     DiskWriter writer;
     ctl::ReplyCount replies;  // watches the station's line: outlives it
     Station station({*device, messages, dialogs, writer, definitionFolder(options)});

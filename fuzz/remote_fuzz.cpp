@@ -22,8 +22,8 @@ struct Rig {
     Rig() { station.Form_Load(); }
     NullPort port;
     QuietMessages messages;
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    NoDialogs none;
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {}};

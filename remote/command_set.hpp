@@ -22,8 +22,8 @@
 #include <vector>
 
 #include "app/actions.hpp"
+#include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
-#include "remote/preset_dialogs.hpp"
 #include "remote/station_state.hpp"
 
 namespace station::remote {

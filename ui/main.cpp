@@ -77,8 +77,8 @@ int main(int argc, char** argv) {
     ModalPause modal;
     QtMessages messages(modal);
     QtFileDialogs qtDialogs(modal);
-    PresetOpenDialogs dialogs(qtDialogs);
-    remote::PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
+    PresetDialogs dialogs(qtDialogs);
+    PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
     // Port 1 is whatever the operator chooses: a serial device, or the built-in line of

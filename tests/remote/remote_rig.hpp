@@ -38,7 +38,7 @@ struct RemoteRig {
     FakePort port;
     FakeMessages messages;
     FakeDialogs fake;
-    remote::PresetDialogs dialogs{fake};
+    PresetDialogs dialogs{fake};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {folder.path()}};
