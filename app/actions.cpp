@@ -12,6 +12,11 @@ ActionResult Actions::perform(const std::function<void()>& gesture) {
     return ActionResult::done();
 }
 
+ActionResult Actions::offered(bool available, const std::string& control, const std::function<void()>& gesture) {
+    if (!available) return ActionResult::refused(notAvailable(control));
+    return perform(gesture);
+}
+
 ActionResult Actions::selectCamera(int camera) {
     Form1& form = station_.form1;
     if (!availability::cameraSelection(form)) return ActionResult::refused(notAvailable("camera selection"));
@@ -38,15 +43,13 @@ ActionResult Actions::storeScene(int scene) {
 }
 
 ActionResult Actions::clearScene() {
-    if (!availability::sceneClear(station_.form1)) return ActionResult::refused(notAvailable("scene clear"));
-    return perform([this] { station_.scenes.Command2_Click(); });
+    return offered(availability::sceneClear(station_.form1), "scene clear", [this] { station_.scenes.Command2_Click(); });
 }
 
 ActionResult Actions::setMode(Mode mode, int button) {
-    if (!availability::mode(station_.form1, mode))
-        return ActionResult::refused(notAvailable(std::string("mode ") + modeControl(mode).name));
     OptionGroup& group = station_.form1.*modeControl(mode).group;
-    return perform([&group, button] { group.click(button); });
+    return offered(availability::mode(station_.form1, mode), std::string("mode ") + modeControl(mode).name,
+                   [&group, button] { group.click(button); });
 }
 
 ActionResult Actions::chooseGainStep(int button) {
@@ -55,39 +58,38 @@ ActionResult Actions::chooseGainStep(int button) {
 }
 
 ActionResult Actions::setLevel(Level level, int value) {
-    if (!availability::level(station_.form1, level))
-        return ActionResult::refused(notAvailable(std::string("level ") + levelControl(level).name));
     ScrollBar& bar = station_.form1.*levelControl(level).bar;
-    return perform([&bar, value] { bar.setValue(value); });
+    return offered(availability::level(station_.form1, level), std::string("level ") + levelControl(level).name,
+                   [&bar, value] { bar.setValue(value); });
 }
 
 ActionResult Actions::stepGain(int step, bool up, int presses) {
     // The window offers the spin buttons only for a step the gain type can trim.
-    if (!availability::gainValue(station_.panel, step))
-        return ActionResult::refused(notAvailable(std::string("gain value ") + kGainSteps.at(static_cast<std::size_t>(step))));
     MainPanel& panel = station_.panel;
-    return perform([&panel, step, up, presses] {
-        for (int i = 0; i < presses; ++i) up ? panel.SpinButton1_SpinUp(step) : panel.SpinButton1_SpinDown(step);
-    });
+    return offered(availability::gainValue(panel, step),
+                   std::string("gain value ") + kGainSteps.at(static_cast<std::size_t>(step)),
+                   [&panel, step, up, presses] {
+                       for (int i = 0; i < presses; ++i)
+                           up ? panel.SpinButton1_SpinUp(step) : panel.SpinButton1_SpinDown(step);
+                   });
 }
 
 ActionResult Actions::stepFilter(bool up) {
-    if (!availability::filterStep(station_.form1)) return ActionResult::refused(notAvailable("the filter"));
     MainPanel& panel = station_.panel;
-    return perform([&panel, up] { up ? panel.SpinButton2_SpinUp() : panel.SpinButton2_SpinDown(); });
+    return offered(availability::filterStep(station_.form1), "the filter",
+                   [&panel, up] { up ? panel.SpinButton2_SpinUp() : panel.SpinButton2_SpinDown(); });
 }
 
 ActionResult Actions::call(bool on) {
-    if (!availability::call(station_.form1)) return ActionResult::refused(notAvailable("the call button"));
     MainPanel& panel = station_.panel;
-    return perform([&panel, on] { on ? panel.Command9_MouseDown() : panel.Command9_MouseUp(); });
+    return offered(availability::call(station_.form1), "the call button",
+                   [&panel, on] { on ? panel.Command9_MouseDown() : panel.Command9_MouseUp(); });
 }
 
 ActionResult Actions::startAuto(bool white) {
-    if (!availability::autoSetup(station_.form1, white))
-        return ActionResult::refused(notAvailable(white ? "auto white" : "auto black"));
     AutoSetup& setup = station_.autoSetup;
-    return perform([&setup, white] { white ? setup.Command8_Click() : setup.Command7_Click(); });
+    return offered(availability::autoSetup(station_.form1, white), white ? "auto white" : "auto black",
+                   [&setup, white] { white ? setup.Command8_Click() : setup.Command7_Click(); });
 }
 
 ActionResult Actions::readPage() {
@@ -102,28 +104,23 @@ ActionResult Actions::readPage() {
 }
 
 ActionResult Actions::sendPage() {
-    if (!availability::pageSend(station_.form1)) return ActionResult::refused(notAvailable("page send"));
-    return perform([this] { station_.pages.Command13_Click(); });
+    return offered(availability::pageSend(station_.form1), "page send", [this] { station_.pages.Command13_Click(); });
 }
 
 ActionResult Actions::sendOnePage() {
-    if (!availability::onePage(station_.form1)) return ActionResult::refused(notAvailable("1Page to CAM"));
-    return perform([this] { station_.pages.Command3_Click(); });
+    return offered(availability::onePage(station_.form1), "1Page to CAM", [this] { station_.pages.Command3_Click(); });
 }
 
 ActionResult Actions::open() {
-    if (!availability::fileOpen(station_.form1)) return ActionResult::refused(notAvailable("Open"));
-    return perform([this] { station_.setupFile.CamFileOpen(); });
+    return offered(availability::fileOpen(station_.form1), "Open", [this] { station_.setupFile.CamFileOpen(); });
 }
 
 ActionResult Actions::save() {
-    if (!availability::fileSave(station_.form1)) return ActionResult::refused(notAvailable("Save"));
-    return perform([this] { station_.setupFile.SAVE_Click(); });
+    return offered(availability::fileSave(station_.form1), "Save", [this] { station_.setupFile.SAVE_Click(); });
 }
 
 ActionResult Actions::saveAs() {
-    if (!availability::fileSave(station_.form1)) return ActionResult::refused(notAvailable("Save As"));
-    return perform([this] { station_.setupFile.SAVE_AS_Click(); });
+    return offered(availability::fileSave(station_.form1), "Save As", [this] { station_.setupFile.SAVE_AS_Click(); });
 }
 
 ActionResult Actions::functionGesture(int function, int item, const std::function<void()>& choose) {
@@ -153,8 +150,7 @@ ActionResult Actions::setFunctionValue(int function, int item, long value) {
 
 ActionResult Actions::consoleFrame(const std::string& hex) {
     Console& console = station_.console;
-    if (!availability::consoleFrame(console)) return ActionResult::refused(notAvailable("the console"));
-    return perform([&console, &hex] {
+    return offered(availability::consoleFrame(console), "the console", [&console, &hex] {
         console.Text1.setText(hex);
         console.Command1_Click();
     });

@@ -67,6 +67,8 @@ public:
 private:
     // Runs the gesture at the station's error boundary.
     ActionResult perform(const std::function<void()>& gesture);
+    // The same once the control's rule offers it; refused in the control's name otherwise.
+    ActionResult offered(bool available, const std::string& control, const std::function<void()>& gesture);
     ActionResult functionGesture(int function, int item, const std::function<void()>& choose);
 
     Station& station_;
