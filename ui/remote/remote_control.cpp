@@ -31,7 +31,7 @@ RememberedRemote rememberedRemote(const RemoteSettings& settings, bool on) {
             settings.fileFolder ? settings.fileFolder->string() : std::string()};
 }
 
-RemoteControl::RemoteControl(Station& station, remote::PresetDialogs& dialogs, RemoteSettings settings,
+RemoteControl::RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
                              std::function<void()> refresh, std::function<bool()> busy)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
       commands_(station, dialogs, {settings_.fileFolder, 200}),
