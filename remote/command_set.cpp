@@ -1,5 +1,7 @@
 #include "remote/command_set.hpp"
 
+#include "common/runtime_error.hpp"
+
 namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
@@ -33,12 +35,28 @@ std::vector<std::string> CommandSet::usage() const {
     return out;
 }
 
+namespace {
+
+// Marks a command as running for as long as it runs, however it ends.
+class Running {
+public:
+    explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Running() { flag_ = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    bool& flag_;
+};
+
+}  // namespace
+
 std::string CommandSet::execute(std::string_view line) {
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
     if (line.find_first_not_of(" \t") == std::string_view::npos) return {};
     if (running_ || (busy && busy())) return "ERR busy: the station is showing a message, try again";
     if (const auto problem = lineProblem(line)) return "ERR " + *problem;
-    running_ = true;
+    const Running running(running_);
     std::string reply;
     try {
         Words words(splitWords(line));
@@ -46,8 +64,13 @@ std::string CommandSet::execute(std::string_view line) {
         reply = value.empty() ? "OK" : "OK " + value;
     } catch (const CommandError& e) {
         reply = std::string("ERR ") + e.what();
+    } catch (const RuntimeError& e) {
+        reply = "ERR " + runtimeErrorText(e);
+    } catch (const std::exception& e) {
+        reply = std::string("ERR internal error: ") + e.what();
+    } catch (...) {
+        reply = "ERR internal error";
     }
-    running_ = false;
     return reply;
 }
 

@@ -53,7 +53,9 @@ public:
     CommandSet(const CommandSet&) = delete;
     CommandSet& operator=(const CommandSet&) = delete;
 
-    // Carries out one line; the reply, "OK..." or "ERR ...". A blank line gets "" (no reply).
+    // Carries out one line; the reply, "OK..." or "ERR ...", whatever is raised inside the
+    // command (a run-time error is answered with its number and text). A blank line gets ""
+    // (no reply).
     std::string execute(std::string_view line);
 
     // What surfaces show that changed since the last call.

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "common/runtime_error.hpp"
 #include "tests/remote/remote_rig.hpp"
 
 namespace station {
@@ -240,6 +241,18 @@ TEST(Remote, FilesInAllowedFolder) {
     EXPECT_EQ(rig.commands.execute("get level mblk"), "OK level mblk 3");
     EXPECT_EQ(rig.commands.execute("open missing.csd").rfind("ERR no such file", 0), 0u);
     EXPECT_TRUE(rig.fake.calls.empty());  // no dialog was ever shown
+}
+
+// Whatever a command raises, it ends with an answer and the next command works.
+TEST(Remote, EveryCommandEndsAndTheNextWorks) {
+    RemoteRig rig;
+    rig.commands.add({"boom", "boom", true, [](remote::Words&) -> std::string { throw RuntimeError::subscriptOutOfRange(); }});
+    rig.commands.add({"crash", "crash", false, [](remote::Words&) { return std::string("short").substr(9); }});
+    EXPECT_EQ(rig.commands.execute("boom"), "ERR Run-time error 9: Subscript out of range");
+    EXPECT_EQ(rig.commands.execute("get camera"), "OK camera 1");
+    EXPECT_EQ(rig.commands.execute("crash").rfind("ERR internal error: ", 0), 0u);
+    EXPECT_EQ(rig.commands.execute("camera 2"), "OK");
+    EXPECT_EQ(rig.commands.execute("get camera"), "OK camera 2");
 }
 
 }  // namespace
