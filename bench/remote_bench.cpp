@@ -47,8 +47,7 @@ struct Rig {
     PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
-    ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}}, [] {},
-                             [] { return false; }};
+    ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}}, [] {}};
     QTcpSocket client;
 };
 

@@ -24,6 +24,7 @@
 #include "app/actions.hpp"
 #include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
+#include "remote/held_messages.hpp"
 #include "remote/station_state.hpp"
 
 namespace station::remote {
@@ -79,8 +80,14 @@ public:
     std::string perform(const ActionResult& result);
     // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
-    // True while something must not be interrupted (a message box is up): commands wait.
-    std::function<bool()> busy;
+    // The text of the box up on the operator's screen, if any. While one is up the commands
+    // that only read are answered as usual and every other gets "ERR box: <text>"; "box ok"
+    // closes it through `closeBox`, as its OK button does. Unset: there are no boxes.
+    std::function<std::optional<std::string>()> box;
+    std::function<bool()> closeBox;
+    // The station's messages, held back while a command runs so that a failure it causes is
+    // the client's ERR reply and never a box on the operator's screen; none: shown as usual.
+    HeldMessages* held = nullptr;
 
     Actions& actions() { return actions_; }
     const StationReadout& readout() const { return actions_.readout(); }

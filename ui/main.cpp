@@ -76,7 +76,8 @@ int main(int argc, char** argv) {
     const PortChoice choice = startPort(options, std::getenv("CORVANE_PORT"), rememberedPort());
 
     ModalPause modal;
-    QtMessages messages(modal);
+    QtMessages screen(modal);
+    remote::HeldMessages messages(screen);  // a remote command's failure is its client's, not a box
     QtFileDialogs qtDialogs(modal);
     // Start-up (the sample studio, the last file) and remote file commands name their file here.
     PresetDialogs dialogs(qtDialogs);
@@ -145,7 +146,7 @@ int main(int argc, char** argv) {
                                               ? optionSettings
                                               : restoredRemote(remembered.remote(), optionSettings);
     RemoteControl remote(station, dialogs, remoteSettings, [&view] { view.refresh(); },
-                         [&modal] { return modal.depth > 0; });
+                         {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &messages});
     remote.switched = [&remembered, &remote](bool on) { remembered.setRemote(rememberedRemote(remote.settings(), on)); };
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";

@@ -255,5 +255,42 @@ TEST(Remote, EveryCommandEndsAndTheNextWorks) {
     EXPECT_EQ(rig.commands.execute("get camera"), "OK camera 2");
 }
 
+// A box on the operator's screen: reading goes on, acting is refused with the box's text,
+// every surface hears it open and close, and "box ok" closes it.
+TEST(Remote, WhileABoxIsUp) {
+    RemoteRig rig;
+    std::optional<std::string> box;
+    int closed = 0;
+    rig.commands.box = [&] { return box; };
+    rig.commands.closeBox = [&] {
+        ++closed;
+        box.reset();
+        return true;
+    };
+    EXPECT_EQ(rig.commands.execute("box ok"), "ERR no box is up");
+    box = "No Acknowledge";
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"box", "No Acknowledge"}}));
+    EXPECT_EQ(rig.commands.execute("get line"), "OK line connected");
+    EXPECT_EQ(rig.commands.execute("help").rfind("OK ", 0), 0u);
+    for (const char* acting : {"camera 2", "level iris 5", "open studio.csd", "mode bar 1"})
+        EXPECT_EQ(rig.commands.execute(acting), "ERR box: No Acknowledge") << acting;
+    EXPECT_TRUE(rig.takeQueued().empty());
+    EXPECT_EQ(rig.commands.execute("box cancel"), "ERR box takes ok, not \"cancel\"");
+    EXPECT_EQ(rig.commands.execute("box ok"), "OK");
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"box", "closed"}}));
+    EXPECT_EQ(rig.commands.execute("camera 2"), "OK");
+}
+
+// A failure a remote command causes is its client's reply; the operator's screen stays clear.
+TEST(Remote, FailureIsTheReplyNotABox) {
+    RemoteRig rig;
+    const std::string reply = rig.commands.execute("save \"no such folder/show.csd\"");
+    EXPECT_EQ(reply.rfind("ERR The setup data file could not be saved: ", 0), 0u) << reply;
+    EXPECT_TRUE(rig.messages.shown.empty());
+    rig.station.HELP_Click();  // the operator's own gesture still shows its box
+    EXPECT_EQ(rig.messages.shown.size(), 1u);
+}
+
 }  // namespace
 }  // namespace station

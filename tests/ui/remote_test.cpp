@@ -13,6 +13,7 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
+#include "ui/platform/qt_messages.hpp"
 #include "ui/remote/remote_control.hpp"
 
 using namespace station;
@@ -39,7 +40,7 @@ struct Rig {
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     RemoteSettings settings;
-    RemoteControl remote{station, dialogs, settings, [] {}, [] { return false; }};
+    RemoteControl remote{station, dialogs, settings, [] {}};
 };
 
 // A TCP client that collects the lines it receives.
@@ -248,6 +249,58 @@ private slots:
         QCOMPARE(rig.remote.tcp().clientCount(), 1);
     }
 
+    void aBoxFromTheTickLetsClientsReadAndIsClosedByBoxOk() {
+        ModalPause modal;
+        QtMessages screen(modal);
+        remote::HeldMessages held(screen);
+        testing::FakePort port;
+        NoDialogs none;
+        PresetDialogs dialogs{none};
+        DiskWriter writer;
+        Station station({port, held, dialogs, writer, STATION_SAMPLES_DIR});
+        station.Form_Load();
+        for (int i = 0; i < 10; ++i) station.Timer2_Timer();  // the link's watches idle
+        station.Timer3_Timer();
+        RemoteControl remote(station, dialogs, RemoteSettings{true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}},
+                             [] {}, {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &held});
+        QVERIFY(remote.setEnabled(true));
+        Client c(remote.tcp().port());
+        QTRY_COMPARE(remote.tcp().clientCount(), 1);
+        station.link.SendCmd("30187F00");
+        station.Timer1_Timer();  // sent, and no camera acknowledges it
+        QCOMPARE(station.link.AckWait(), 10);
+
+        // The client hears of the box, reads, tries to act, and closes it; meanwhile the
+        // frame's counters wait, as they do for the operator's click.
+        int ackWhileUp = 99, queuedWhileUp = 0;
+        bool asked = false;
+        QObject::connect(&c.socket, &QTcpSocket::readyRead, [&] {
+            c.buffer += c.socket.readAll();
+            if (asked || !c.buffer.contains("EV box No Acknowledge\n")) return;
+            asked = true;
+            ackWhileUp = station.link.AckWait();
+            queuedWhileUp = station.link.queue().SendCnt();
+            c.send("get line\nlevel iris 5\nbox ok\n");
+        });
+        bool ticked = false;
+        QTimer::singleShot(8000, &c.socket, [&modal] { modal.closeTop(); });  // a failing run still ends
+        QTimer::singleShot(0, [&] {
+            for (int i = 0; i < 10; ++i) station.Timer2_Timer();  // the tenth shows "No Acknowledge"
+            ticked = true;
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(ticked, 10000);
+        QCOMPARE(ackWhileUp, 0);
+        QCOMPARE(queuedWhileUp, 1);
+        QCOMPARE(station.link.AckWait(), -1);  // updated once the box was closed
+        QCOMPARE(station.link.queue().SendCnt(), 0);
+        QTRY_VERIFY(c.buffer.contains("EV box closed\n"));
+        const QStringList lines = QString::fromUtf8(c.buffer).split(QLatin1Char('\n'), Qt::SkipEmptyParts)
+                                      .filter(QRegularExpression(QStringLiteral("^(OK|ERR|EV box)")));
+        QCOMPARE(lines, (QStringList{"EV box No Acknowledge", "OK line connected", "ERR box: No Acknowledge", "OK",
+                                     "EV box closed"}));
+        QCOMPARE(modal.depth, 0);
+    }
+
     void oscCommandsAreAnsweredAndRegisteredClientsGetTheChanges() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));
@@ -286,5 +339,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(RemoteTest)
+QTEST_MAIN(RemoteTest)
 #include "remote_test.moc"
