@@ -87,6 +87,10 @@ int run(const ctl::CtlOptions& options) {
     int status = session.finish();
     if (options.save) {
         const std::string path = fs::absolute(*options.save).string();
+        // The file named is replaced, never the one a link of that name points to.
+        std::error_code ec;
+        if (fs::is_symlink(fs::symlink_status(path, ec)))
+            throw std::invalid_argument(path + " is a symbolic link: not saved");
         const int before = messages.failures();
         dialogs.answerNextSave(path);
         station.SAVE_AS_Click();

@@ -54,6 +54,9 @@ void SetupFile::CsdOpen() {
 }
 
 void SetupFile::CsdLoad() {
+    // What an interrupted save of this file left beside it goes, whether or not the file
+    // was used before.
+    removeStaleSaving(writer_, FileName);
     const auto text = readTextFile(FileName);
     if (!text) return;
     try {

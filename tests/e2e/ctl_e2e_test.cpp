@@ -52,6 +52,12 @@ TEST(CtlOnCameraSim, BackupRestoreRoundTrip) {
     // A camera that is not on the line fails the run; a refused command does too.
     EXPECT_EQ(ctl.run({"--setup", first, "read", "7"}), 1);
     EXPECT_EQ(ctl.run({"--setup", first, "level", "iris", "900"}), 1);
+    // A save named by a link is a command line that cannot be used; what it points to stays.
+    testing::TempFolder outside;
+    const auto victim = outside.write("victim.csd", "outside");
+    std::filesystem::create_symlink(victim, folder / "linked.csd");
+    EXPECT_EQ(ctl.run({"--setup", first, "--save", (folder / "linked.csd").string()}), 2);
+    EXPECT_EQ(contents(victim), "outside");
     EXPECT_EQ(sim.stop(), 0);
 }
 

@@ -242,5 +242,31 @@ TEST(Remote, FilesInAllowedFolder) {
     EXPECT_TRUE(rig.fake.calls.empty());  // no dialog was ever shown
 }
 
+// A save names a file, never what a link planted under its name or its backup's points to.
+TEST(Remote, SaveRefusesLinks) {
+    namespace fs = std::filesystem;
+    RemoteRig rig;
+    testing::TempFolder outside;
+    const auto victim = outside.write("victim.csd", "outside");
+    fs::create_symlink(victim, rig.folder / "linked.csd");
+    EXPECT_EQ(rig.commands.execute("save linked.csd"), "ERR linked.csd is a symbolic link: not saved");
+
+    EXPECT_EQ(rig.commands.execute("save show.csd"), "OK");
+    fs::create_symlink(victim, rig.folder / "show.csd.bak");
+    fs::create_symlink(victim, rig.folder / "show.csd.tmp");
+    EXPECT_EQ(rig.commands.execute("save"), "OK");
+    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(rig.folder / "show.csd.bak")));
+
+    // The open file became a link since, even to a file inside: the station refuses and says why.
+    const auto other = rig.folder.write("other.csd", "other");
+    fs::remove(rig.folder / "show.csd");
+    fs::create_symlink(other, rig.folder / "show.csd");
+    EXPECT_EQ(rig.commands.execute("save").rfind("ERR the file was not saved", 0), 0u);
+    ASSERT_EQ(rig.messages.shown.size(), 1u);
+    EXPECT_NE(rig.messages.shown[0].text.find("show.csd is a symbolic link"), std::string::npos);
+    EXPECT_EQ(testing::readBytes(other), "other");
+    EXPECT_EQ(testing::readBytes(victim), "outside");
+}
+
 }  // namespace
 }  // namespace station
