@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "remote/command_words.hpp"
 #include "tests/remote/remote_rig.hpp"
 
 namespace station {
@@ -266,6 +267,18 @@ TEST(Remote, SaveRefusesLinks) {
     EXPECT_NE(rig.messages.shown[0].text.find("show.csd is a symbolic link"), std::string::npos);
     EXPECT_EQ(testing::readBytes(other), "other");
     EXPECT_EQ(testing::readBytes(victim), "outside");
+}
+
+// Only well-formed UTF-8 is a text line: no surrogate halves, no overlong forms, nothing
+// above U+10FFFF, no sequence cut short.
+TEST(Remote, Utf8Lines) {
+    for (const char* good : {"\xC3\xA9", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+                             "\xF4\x8F\xBF\xBF", "\xE0\xA0\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + good), std::nullopt) << good;
+    for (const char* bad : {"\xED\xA0\x80", "\xED\xBF\xBF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xC0\xAF", "\xC1\xBF",
+                            "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
+                            "\xE2\x82", "\xC3(", "\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + bad), "not a text line (not UTF-8)") << bad;
 }
 
 }  // namespace
