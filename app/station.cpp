@@ -36,6 +36,7 @@ Station::Station(const StationPlatform& platform)
         line.note(text, {}, 0);
     };
     setupFile.Notify = tell;
+    cameraTypes.Notify = tell;
     editor.Notify = tell;
     editor.startAutoSetup = [this](const std::string& operation, const std::string& title) {
         autoSetup.start(operation, title);

@@ -88,7 +88,14 @@ void CameraTypes::readTypeEntry(int row, std::string_view text) {
 
 void CameraTypes::FclListSet(ListBox& List1) {
     std::vector<std::string> names = definitionFileNames(DefinitionFolder);
-    if (names.size() > static_cast<std::size_t>(kMaxTypes)) names.resize(kMaxTypes);  // the rest is ignored
+    if (names.size() > static_cast<std::size_t>(kMaxTypes)) {
+        // The rest is ignored, as the list has room for no more; the operator hears which.
+        if (Notify)
+            Notify(DefinitionFolder.string() + ": " + std::to_string(names.size()) + " definition files; only the first " +
+                   std::to_string(kMaxTypes) + " are listed, " + names[kMaxTypes] + " and the " +
+                   std::to_string(names.size() - kMaxTypes - 1) + " after it are left out");
+        names.resize(kMaxTypes);
+    }
     const int n = static_cast<int>(names.size());
     types_.TypeFile(0) = std::to_string(n);
     for (int i = 1; i <= n; ++i) types_.TypeFile(i) = names[static_cast<std::size_t>(i - 1)];

@@ -73,6 +73,8 @@ int run(const ctl::CtlOptions& options) {
     ctl::TickLoop ticks(station, *clock);
     ctl::Session session(station, commands, ticks, port, messages, std::cout, std::cerr, options.quiet);
 
+    // What the station leaves out or changes without a box is said on the error stream.
+    station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
     station.Form_Load();
     if (options.setup) {
         const std::string path = fs::absolute(*options.setup).string();

@@ -61,10 +61,12 @@ void SetupFile::CsdLoad() {
     if (!text) return;
     try {
         loadText(*text);
-    } catch (const RuntimeError&) {
-        // What was read stays; the rest of the file is not read.
+    } catch (const RuntimeError& e) {
+        // What was read stays; the rest of the file is not read. No box: a word in passing.
+        tellLoad(&e);
         return;
     }
+    tellLoad(nullptr);
     if (FileUsed) FileUsed(FileName);
 }
 

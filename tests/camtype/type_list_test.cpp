@@ -61,6 +61,22 @@ TEST(TypeList, HeadAndLaterSections) {
     }
 }
 
+// Files beyond the 64th are left out of the list as before, with a word that says which.
+TEST(TypeList, Beyond64Told) {
+    TypeRig rig;
+    std::vector<std::string> told;
+    rig.types.Notify = [&told](const std::string& text) { told.push_back(text); };
+    for (int n = 1; n <= 64; ++n) rig.folder.write("t" + std::to_string(100 + n) + ".fcl", typeFile("T" + std::to_string(n)));
+    rig.list();
+    EXPECT_TRUE(told.empty());
+    for (int n = 65; n <= 67; ++n) rig.folder.write("t" + std::to_string(100 + n) + ".fcl", typeFile("T" + std::to_string(n)));
+    rig.list();
+    EXPECT_EQ(rig.tables.TypeFile(0) + " " + rig.tables.TypeFile(64), "64 t164.fcl");
+    EXPECT_EQ(told, std::vector<std::string>{rig.folder.path().string() + ": 67 definition files; only the first 64 "
+                                             "are listed, t165.fcl and the 2 after it are left out"});
+    EXPECT_TRUE(rig.messages.shown.empty());
+}
+
 struct SlotRig : TypeRig {
     SlotRig() {
         folder.write("1x.fcl", typeFile("XXX"));

@@ -54,9 +54,13 @@ public:
 };
 
 struct SetupRig : TypeRig {
+    SetupRig() {
+        file.Notify = [this](const std::string& text) { told.push_back(text); };
+    }
     FakeDialogs dialogs;
     FlakyWriter writer;
     SetupFile file{shared, stores, types, messages, dialogs, writer};
+    std::vector<std::string> told;  // the notices, in order
 
     // Loads the text as the current setup data file.
     void load(const std::string& text) {
