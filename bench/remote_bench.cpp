@@ -6,7 +6,7 @@
 #include <QCoreApplication>
 #include <QTcpSocket>
 
-#include "ui/remote_control.hpp"
+#include "ui/remote/remote_control.hpp"
 #include "tests/support/null_platform.hpp"
 
 namespace {

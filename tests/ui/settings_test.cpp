@@ -11,8 +11,8 @@
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
-#include "ui/main_window.hpp"
-#include "ui/remembered_session.hpp"
+#include "ui/main/main_window.hpp"
+#include "ui/start/remembered_session.hpp"
 
 using namespace station;
 using namespace station::ui;

@@ -8,8 +8,8 @@
 #include "panel/main_panel.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/null_platform.hpp"
-#include "ui/builtin_line.hpp"
-#include "ui/program_options.hpp"
+#include "ui/start/builtin_line.hpp"
+#include "ui/start/program_options.hpp"
 
 using namespace station;
 using namespace station::ui;

@@ -13,10 +13,10 @@
 
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"
-#include "ui/builtin_line.hpp"
-#include "ui/main_window.hpp"
-#include "ui/modal_pause.hpp"
-#include "ui/station_view.hpp"
+#include "ui/start/builtin_line.hpp"
+#include "ui/main/main_window.hpp"
+#include "ui/platform/modal_pause.hpp"
+#include "ui/main/station_view.hpp"
 
 namespace {
 
