@@ -2,6 +2,7 @@
 // does, on the same control, and refuses what the window would not let the operator do (a
 // disabled group, a value the control does not have).
 #include <algorithm>
+#include <cmath>
 
 #include "remote/command_set.hpp"
 #include "remote/panel_controls.hpp"
@@ -124,7 +125,7 @@ void addPanelCommands(CommandSet& commands) {
         return std::string();
     }});
 
-    commands.add({"level", "level mblk|iris|detail|rgain|bgain|rblk|bblk VALUE | level NAME step N", true,
+    commands.add({"level", "level mblk|iris|detail|rgain|bgain|rblk|bblk VALUE | level NAME step N | level NAME norm 0..1", true,
                   [c](Words& w) {
         const LevelControl& level = named(kLevels, w.take("level name"), "level");
         ScrollBar& bar = c->station().form1.*level.bar;
@@ -135,6 +136,9 @@ void addPanelCommands(CommandSet& commands) {
             w.take("step");
             // A surface's encoder steps past the ends without complaint: the bar stops there.
             target = std::clamp(bar.value() + w.number("step", -32768, 32767), lo, hi);
+        } else if (lower(w.peek()) == "norm") {
+            w.take("norm");
+            target = lo + std::lround(w.fraction("norm") * static_cast<double>(hi - lo));
         } else {
             target = w.number("level", lo, hi);
         }

@@ -227,6 +227,18 @@ TEST(Remote, PushesFunctionLineAnswers) {
     EXPECT_EQ(rig.station.line.stateText().rfind("lost (", 0), 0u);
 }
 
+// A fader's position as a fraction of the level's range.
+TEST(Remote, LevelAsFractionOfItsRange) {
+    RemoteRig rig;
+    const std::pair<const char*, int> cases[] = {{"0", -128}, {"1", 127}, {"0.5", 0}, {"0.25", -64}, {"1.0", 127}};
+    for (const auto& [fraction, level] : cases) {
+        EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + fraction), "OK");
+        EXPECT_EQ(rig.station.form1.VrMblk.value(), level) << fraction;
+    }
+    for (const char* bad : {"1.5", "-0.1", "x", "nan", ""})
+        EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + bad).rfind("ERR ", 0), 0u) << bad;
+}
+
 TEST(Remote, FilesInAllowedFolder) {
     RemoteRig rig;
     EXPECT_EQ(rig.commands.execute("level mblk 11"), "OK");

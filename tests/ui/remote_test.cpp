@@ -67,6 +67,29 @@ struct Client {
     QByteArray buffer;
 };
 
+// An OSC client on its own UDP port that collects what it receives as text.
+struct Surface {
+    explicit Surface(quint16 stationPort) : station(stationPort) { socket.bind(QHostAddress::LocalHost, 0); }
+    void send(const remote::Packet& p) {
+        socket.writeDatagram(reinterpret_cast<const char*>(p.data()), static_cast<qint64>(p.size()), QHostAddress::LocalHost,
+                             station);
+    }
+    QStringList receive(int count) {
+        (void)QTest::qWaitFor([&] {
+            while (socket.hasPendingDatagrams()) {
+                QByteArray d(static_cast<int>(socket.pendingDatagramSize()), '\0');
+                socket.readDatagram(d.data(), d.size());
+                got << QString::fromStdString(remote::describeOsc(remote::Packet(d.begin(), d.end())).value_or("(not OSC)"));
+            }
+            return got.size() >= count;
+        }, 3000);
+        return got;
+    }
+    quint16 station;
+    QUdpSocket socket;
+    QStringList got;
+};
+
 }  // namespace
 
 class RemoteTest : public QObject {
@@ -151,38 +174,53 @@ private slots:
     void oscCommandsAreAnsweredAndRegisteredClientsGetTheChanges() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));
-        QUdpSocket client;
-        QVERIFY(client.bind(QHostAddress::LocalHost, 0));
-        QStringList got;
-        auto send = [&](const remote::Packet& p) {
-            client.writeDatagram(reinterpret_cast<const char*>(p.data()), static_cast<qint64>(p.size()),
-                                 QHostAddress::LocalHost, rig.remote.osc().port());
-        };
-        auto receive = [&](int count) {
-            (void)QTest::qWaitFor([&] {
-                while (client.hasPendingDatagrams()) {
-                    QByteArray d(static_cast<int>(client.pendingDatagramSize()), '\0');
-                    client.readDatagram(d.data(), d.size());
-                    const auto text = remote::describeOsc(remote::Packet(d.begin(), d.end()));
-                    got << QString::fromStdString(text.value_or("(not OSC)"));
-                }
-                return got.size() >= count;
-            }, 3000);
-            return got;
-        };
-        send(remote::encodeMessage("/level/iris", {}, {12}));
-        QCOMPARE(receive(1), QStringList{"/reply OK"});  // not registered: no feedback
-        send(remote::encodeMessage("/register", {}));
-        send(remote::encodeMessage("/level/iris/step", {}, {}, {-2.4f}));
-        send(remote::encodeMessage("/auto", {"white"}));
-        QCOMPARE(receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/level/iris 10", "/reply OK",
-                                          "/auto AUTO WHITE: Now doing", "/auto/window on"}));
-        got.clear();
+        Surface client(rig.remote.osc().port());
+        client.send(remote::encodeMessage("/level/iris", {}, {12}));
+        QCOMPARE(client.receive(1), QStringList{"/reply OK"});  // not registered: no feedback
+        client.send(remote::encodeMessage("/register", {}));
+        client.send(remote::encodeMessage("/level/iris/step", {}, {}, {-2.4f}));
+        client.send(remote::encodeMessage("/auto", {"white"}));
+        QCOMPARE(client.receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/level/iris 10", "/reply OK",
+                                                 "/auto AUTO WHITE: Now doing", "/auto/window 1"}));
+        client.got.clear();
         const QByteArray junk("\x01\x02garbage", 9);
-        client.writeDatagram(junk, QHostAddress::LocalHost, rig.remote.osc().port());
-        send(remote::encodeMessage("/scene/recall", {}, {9}));
-        QCOMPARE(receive(2), (QStringList{"/reply ERR not an OSC message",
-                                          "/reply ERR scene must be a number from 1 to 4, not \"9\""}));
+        client.socket.writeDatagram(junk, QHostAddress::LocalHost, rig.remote.osc().port());
+        client.send(remote::encodeMessage("/scene/recall", {}, {9}));
+        QCOMPARE(client.receive(2), (QStringList{"/reply ERR not an OSC message",
+                                                 "/reply ERR scene must be a number from 1 to 4, not \"9\""}));
+    }
+
+    // A surface that sends from one port and listens on another; buttons pressed and let go.
+    void oscSurfaceListensOnARegisteredPortAndItsButtonsActOnPress() {
+        Rig rig;
+        QVERIFY(rig.remote.setEnabled(true));
+        Surface sender(rig.remote.osc().port());
+        Surface listener(rig.remote.osc().port());
+        const auto at = static_cast<std::int32_t>(listener.socket.localPort());
+        sender.send(remote::encodeArgs("/register", {static_cast<float>(at)}));
+        sender.send(remote::encodeArgs("/register", {std::string("127.0.0.1"), at}));  // the same receiver: once
+        QCOMPARE(listener.receive(2), (QStringList{"/reply OK", "/reply OK"}));
+        QCOMPARE(rig.remote.osc().clientCount(), 1);
+        QCOMPARE(sender.receive(2), (QStringList{"/reply OK", "/reply OK"}));
+        listener.got.clear();
+        sender.got.clear();
+
+        sender.send(remote::encodeArgs("/camera/2", {1.0f}));
+        sender.send(remote::encodeArgs("/camera/3", {0.0f}));  // a release: nothing done, nothing answered
+        sender.send(remote::encodeArgs("/call", {true}));
+        sender.send(remote::encodeArgs("/call", {false}));
+        QTRY_VERIFY(listener.receive(0).contains(QStringLiteral("/call 0")));
+        const QStringList heard = listener.got;
+        QCOMPARE(heard.filter(QStringLiteral("/reply")), (QStringList{"/reply OK", "/reply OK", "/reply OK"}));
+        QVERIFY(heard.contains(QStringLiteral("/camera 2")) && heard.contains(QStringLiteral("/call 1")));
+        QCOMPARE(rig.station.shared.CamNo, 2);
+        QTest::qWait(50);
+        QCOMPARE(sender.receive(0), (QStringList{"/reply OK", "/reply OK", "/reply OK"}));  // none for the release
+
+        sender.send(remote::encodeArgs("/unregister", {at}));
+        QTRY_COMPARE(rig.remote.osc().clientCount(), 0);
+        sender.send(remote::encodeArgs("/register", {std::string("studio"), 9000}));
+        QCOMPARE(sender.receive(5).last(), QStringLiteral("/reply ERR not an address: studio"));
     }
 };
 
