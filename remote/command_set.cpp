@@ -8,9 +8,10 @@ CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess ac
     : station_(station), dialogs_(dialogs), access_(std::move(access)), watch_(station) {
     add({"help", "help", false, [this](Words& w) {
              w.end();
+             // One command a line after the "OK", and a blank line at the end.
              std::string all;
-             for (const std::string& u : usage()) all += (all.empty() ? "" : "; ") + u;
-             return all;
+             for (const std::string& u : usage()) all += "\n" + u;
+             return all + "\n";
          }});
     addPanelCommands(*this);
     addFileCommands(*this);
@@ -45,7 +46,7 @@ std::string CommandSet::execute(std::string_view line) {
     try {
         Words words(splitWords(line));
         const std::string value = run(words);
-        reply = value.empty() ? "OK" : "OK " + value;
+        reply = value.empty() ? "OK" : value.front() == '\n' ? "OK" + value : "OK " + value;
     } catch (const CommandError& e) {
         reply = std::string("ERR ") + e.what();
     }

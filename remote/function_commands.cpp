@@ -122,7 +122,7 @@ void addFunctionCommands(CommandSet& commands) {
         const FunctionItem it = s.editor.item(ref.function, ref.item);
         const std::string* held = s.editor.stored(ref.function, it);
         const std::string value = it.kind() == 'T' ? "(action)" : s.editor.valueText(it, held ? *held : std::string());
-        return "function " + quoted(s.form2.List1.list(ref.function - 1)) + " " + quoted(it.name()) + " " + value;
+        return "function " + quoted(s.form2.List1.list(ref.function - 1)) + " " + quoted(it.name()) + " " + quoteWord(value);
     });
 
     commands.watch([](const Station& station, StateList& out) {

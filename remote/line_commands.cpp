@@ -34,7 +34,7 @@ void addLineState(CommandSet& commands) {
         const auto now = s.line.now();
         std::string all = "answers";
         for (int camera = 1; camera <= 8; ++camera)
-            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + answerWords(s.line.answers.state(camera, now));
+            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + quoteWord(answerWords(s.line.answers.state(camera, now)));
         return all;
     });
 }

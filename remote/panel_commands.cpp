@@ -214,11 +214,11 @@ void addPanelCommands(CommandSet& commands) {
         while (!w.done()) key += (key.empty() ? "" : " ") + lower(w.take("name"));
         if (key.empty()) {
             std::string all;
-            for (const StateItem& item : items) all += (all.empty() ? "" : "; ") + item.key + " " + item.value;
+            for (const StateItem& item : items) all += (all.empty() ? "" : "; ") + item.key + " " + quoteWord(item.value);
             return all;
         }
         for (const StateItem& item : items)
-            if (item.key == key) return item.key + " " + item.value;
+            if (item.key == key) return item.key + " " + quoteWord(item.value);
         throw CommandError("nothing called \"" + key + "\" to get");
     }});
 }

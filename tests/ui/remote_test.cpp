@@ -128,6 +128,8 @@ private slots:
 
         rig.station.form1.VrDtl.setValue(5);  // the operator's own gesture reaches the clients too
         QCOMPARE(b.lines(3).last(), QStringLiteral("EV level detail 5"));
+        a.send("auto white\n");  // a value with blanks comes as one quoted word
+        QVERIFY(a.lines(8).contains(QStringLiteral("EV auto \"AUTO WHITE: Now doing\"")));
     }
 
     void badInputGetsAnErrOrTheClientIsClosed() {

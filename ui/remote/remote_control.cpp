@@ -62,7 +62,7 @@ QString RemoteControl::status() const {
 
 void RemoteControl::push() {
     for (const remote::StateItem& item : commands_.changes()) {
-        tcp_.broadcast("EV " + item.key + " " + item.value);
+        tcp_.broadcast("EV " + item.key + " " + remote::quoteWord(item.value));
         osc_.broadcast(item);
     }
 }
