@@ -1,7 +1,11 @@
 // Control from outside over real sockets on the loopback address: TCP lines and OSC
 // datagrams into a station on a fake port, the replies, the pushed state, and what a
 // client cannot do.
+#include <QLabel>
+#include <QMainWindow>
+#include <QSettings>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QUdpSocket>
 #include <QtTest>
 
@@ -10,7 +14,9 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
+#include "ui/remote/remembered_remote.hpp"
 #include "ui/remote/remote_control.hpp"
+#include "ui/remote/remote_menu.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -20,7 +26,8 @@ namespace {
 using station::testing::NoDialogs;
 
 struct Rig {
-    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost)) : settings{true, address, 0, 0, {}} {
+    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost), quint16 tcpPort = 0)
+        : settings{true, address, tcpPort, 0, {}} {
         station.Form_Load();
         dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
         station.OPEN_Click();
@@ -113,6 +120,44 @@ private slots:
         Rig open(QHostAddress(QStringLiteral("0.0.0.0")));
         QVERIFY(open.remote.setEnabled(true));
         QVERIFY(open.remote.status().endsWith(QStringLiteral("(open to the network)")));
+    }
+
+    void theOperatorsSwitchIsRememberedAndShown() {
+        QTemporaryDir dir;
+        QSettings store(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
+        QVERIFY(!rememberedRemote(store, RemoteSettings{}).enabled);  // nothing remembered: off
+        rememberRemote(store, {true, QHostAddress(QStringLiteral("0.0.0.0")), 6000, 6001, {}}, true);
+        RemoteSettings back = rememberedRemote(store, RemoteSettings{});
+        QVERIFY(back.enabled && back.address == QHostAddress(QStringLiteral("0.0.0.0")));
+        QCOMPARE(back.tcpPort, quint16(6000));
+        QCOMPARE(back.oscPort, quint16(6001));
+        store.setValue(QStringLiteral("remote/address"), QStringLiteral("studio"));  // damaged by hand
+        store.setValue(QStringLiteral("remote/tcpPort"), 70000);
+        store.setValue(QStringLiteral("remote/oscPort"), QStringLiteral("x"));
+        back = rememberedRemote(store, RemoteSettings{});
+        QVERIFY(back.enabled && back.address == QHostAddress(QHostAddress::LocalHost));
+        QCOMPARE(back.tcpPort, quint16(5250));
+        QCOMPARE(back.oscPort, quint16(5251));
+
+        Rig rig;
+        QMainWindow window;
+        std::vector<bool> told;
+        installRemoteMenu(window, rig.remote, [&told](bool on) { told.push_back(on); });
+        auto* entry = window.findChild<QAction*>(QStringLiteral("remoteControl"));
+        auto* note = window.findChild<QLabel*>(QStringLiteral("remoteStatus"));
+        QVERIFY(entry && note && !entry->isChecked() && note->isHidden());
+        entry->trigger();
+        QVERIFY(entry->isChecked() && !note->isHidden());
+        QVERIFY(note->text().startsWith(QStringLiteral("Remote control: TCP 127.0.0.1:")));
+        entry->trigger();
+        QCOMPARE(told, (std::vector<bool>{true, false}));
+        QVERIFY(note->isHidden());
+
+        // A port another program holds: not started, and the status bar says why.
+        QVERIFY(rig.remote.setEnabled(true));
+        Rig second(QHostAddress(QHostAddress::LocalHost), rig.remote.tcp().port());
+        QVERIFY(!second.remote.setEnabled(true));
+        QVERIFY(second.remote.status().startsWith(QStringLiteral("Remote control could not start: TCP port ")));
     }
 
     void commandsAreAnsweredAndEveryClientSeesTheChanges() {
@@ -226,5 +271,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(RemoteTest)
+QTEST_MAIN(RemoteTest)
 #include "remote_test.moc"
