@@ -11,7 +11,7 @@
 //                                frames cameras took per simulated second, accepted_per_s the
 //                                commands answered OK
 // Values stay from -77 up: camera 1's reports of lower ones carry a checksum whose low byte is
-// below 0x10, which the station refuses (NAK) and then waits for an answer, as specified.
+// below 0x10, which the station refuses (NAK), and the line then waits for an answer.
 //   BM_FaderOnTheLine            one fader (M.BLK) moved for 4 s at 100 updates/s: lag_ms
 //                                from the last update until the camera holds that value,
 //                                max_queue the most frames waiting, backwards the pushed
@@ -115,6 +115,7 @@ BENCHMARK(BM_LevelCommandToQueuedFrame)->Unit(benchmark::kMicrosecond)->UseRealT
 struct LineRig {
     LineRig() {
         app();
+        hook = &remote;
         remote.setEnabled(true);
         client.connectToHost(QHostAddress::LocalHost, remote.tcp().port());
         client.waitForConnected(3000);
@@ -140,7 +141,10 @@ struct LineRig {
         return raw > 127 ? raw - 256 : raw;
     }
 
-    testing::StudioLineRig line;
+    ui::RemoteControl* hook = nullptr;
+    testing::StudioLineRig line{[this] {
+        if (hook) hook->beforePoll();
+    }};
     ui::RemoteControl remote{line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}},
                              [] {}, [] { return false; }};
     QTcpSocket client;

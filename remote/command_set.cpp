@@ -70,6 +70,8 @@ std::string CommandSet::run(Words& words) {
 }
 
 void CommandSet::gesture(const std::function<void()>& action) {
+    // Values a fader gave before this command take effect before it.
+    if (!pacing_) faders_.flush();
     std::optional<std::string> failure;
     station_.act([&] {
         try {

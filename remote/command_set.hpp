@@ -23,6 +23,7 @@
 
 #include "app/station.hpp"
 #include "remote/command_words.hpp"
+#include "remote/fader_pacer.hpp"
 #include "remote/preset_dialogs.hpp"
 #include "remote/station_state.hpp"
 
@@ -56,8 +57,11 @@ public:
     // Carries out one line; the reply, "OK..." or "ERR ...". A blank line gets "" (no reply).
     std::string execute(std::string_view line);
 
-    // What surfaces show that changed since the last call.
-    StateList changes() { return watch_.changes(); }
+    // What surfaces show that changed since the last call; a camera's echo of an older value
+    // of a fader still moving is held back (see fader_pacer.hpp).
+    StateList changes() {
+        return watch_.changes([this](const StateItem& i) { return faders_.worthPushing(i.key, i.value); });
+    }
     StateList state() const { return watch_.current(); }
 
     void add(Command command);
@@ -79,17 +83,28 @@ public:
     // True while something must not be interrupted (a message box is up): commands wait.
     std::function<bool()> busy;
 
+    // Carries out `act` with the newest value a surface gave `control` (a level, a function
+    // level), at most one of its frames waiting in the queue (see fader_pacer.hpp).
+    void paced(const std::string& control, long value, std::function<void(long)> act);
+    FaderPacer& faders() { return faders_; }
+    // Runs just before each poll of the line: kept values whose control's frame has left the
+    // queue go out now, in time for this poll.
+    void beforePoll() { faders_.release(); }
+
     Station& station() { return station_; }
     PresetDialogs& dialogs() { return dialogs_; }
     const RemoteAccess& access() const { return access_; }
 
 private:
     std::string run(Words& words);
+    bool frameWaiting(const Bytes& frame) const;
+    bool pacing_ = false;  // a paced value is being carried out
 
     Station& station_;
     PresetDialogs& dialogs_;
     RemoteAccess access_;
     StateWatch watch_;
+    FaderPacer faders_{[this](const Bytes& frame) { return frameWaiting(frame); }};
     std::map<std::string, Command> commands_;
     std::map<std::string, Getter> getters_;
     bool running_ = false;

@@ -92,11 +92,14 @@ void addFunctionCommands(CommandSet& commands) {
         const ItemRef ref = takeItem(s, w);
         const FunctionItem it = s.editor.item(ref.function, ref.item);
         const std::string* held = s.editor.stored(ref.function, it);
+        const std::string control = "function " + lower(s.form2.List1.list(ref.function - 1)) + "/" + lower(it.name());
         int choice = 0;
         long value = 0;
         if (it.kind() == 'A') {
-            const auto now = hexNumber(held != nullptr ? *held : std::string());
-            value = analogValue(it, now ? static_cast<long>(*now) : it.range().min, w);
+            const auto stored = hexNumber(held != nullptr ? *held : std::string());
+            long now = stored ? static_cast<long>(*stored) : it.range().min;
+            if (c->faders().busy(control)) now = c->faders().latest(control).value_or(now);  // an encoder's next step
+            value = analogValue(it, now, w);
         } else if (it.kind() == 'M' || it.kind() == 'S' || it.kind() == 'T') {
             choice = namedValue(it, w.take("value"));
         } else {
@@ -104,6 +107,16 @@ void addFunctionCommands(CommandSet& commands) {
         }
         w.end();
         Form2& form = s.form2;
+        if (it.kind() == 'A') {
+            c->paced(control, value, [c, &form, ref](long v) {
+                c->gesture([&form, ref, v] {
+                    form.List1.setListIndex(ref.function - 1);
+                    form.List2.setListIndex(ref.item - 1);
+                    form.HScroll1.setValue(static_cast<int>(v));
+                });
+            });
+            return std::string();
+        }
         c->gesture([&form, ref, choice, value] {
             form.List1.setListIndex(ref.function - 1);
             form.List2.setListIndex(ref.item - 1);

@@ -129,13 +129,16 @@ void addPanelCommands(CommandSet& commands) {
                   [c](Words& w) {
         const LevelControl& level = named(kLevels, w.take("level name"), "level");
         ScrollBar& bar = c->station().form1.*level.bar;
+        const std::string control = std::string("level ") + level.name;
         const long lo = std::min(bar.Min, bar.Max);
         const long hi = std::max(bar.Min, bar.Max);
         long target = 0;
         if (lower(w.peek()) == "step") {
             w.take("step");
             // A surface's encoder steps past the ends without complaint: the bar stops there.
-            target = std::clamp(bar.value() + w.number("step", -32768, 32767), lo, hi);
+            // While a value of the fader is kept, the step is from that value.
+            const long from = c->faders().busy(control) ? c->faders().latest(control).value_or(bar.value()) : bar.value();
+            target = std::clamp(from + w.number("step", -32768, 32767), lo, hi);
         } else if (lower(w.peek()) == "norm") {
             w.take("norm");
             target = lo + std::lround(w.fraction("norm") * static_cast<double>(hi - lo));
@@ -143,9 +146,8 @@ void addPanelCommands(CommandSet& commands) {
             target = w.number("level", lo, hi);
         }
         w.end();
-        require(bar.Enabled, std::string("level ") + level.name);
-        const int v = static_cast<int>(target);
-        c->gesture([&bar, v] { bar.setValue(v); });
+        require(bar.Enabled, control);
+        c->paced(control, target, [c, &bar](long v) { c->gesture([&bar, v] { bar.setValue(static_cast<int>(v)); }); });
         return std::string();
     }});
 

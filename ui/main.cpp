@@ -114,8 +114,10 @@ int main(int argc, char** argv) {
         if (!logFile) return startFailed("cannot open the log file " + options.logFile->string());
         station.line.log.sink = [&logFile](const std::string& entry) { logFile << entry << std::endl; };
     }
-    const std::function<void()> beforePoll = [&line, &station] {
+    std::function<void()> remoteBeforePoll;  // set once remote control exists
+    const std::function<void()> beforePoll = [&line, &station, &remoteBeforePoll] {
         if (line && station.line.choice().simulated) line->advance();
+        if (remoteBeforePoll) remoteBeforePoll();
     };
     StationView view(station, modal, beforePoll);
     view.onEnded = [] { QCoreApplication::quit(); };
@@ -139,6 +141,7 @@ int main(int argc, char** argv) {
                          [&modal] { return modal.depth > 0; });
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
+    remoteBeforePoll = [&remote] { remote.beforePoll(); };
     installRemoteMenu(view.mainWindow(), remote,
                       [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); });
     return app.exec();

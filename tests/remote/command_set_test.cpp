@@ -268,9 +268,32 @@ TEST(Remote, LevelAsFractionOfItsRange) {
     for (const auto& [fraction, level] : cases) {
         EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + fraction), "OK");
         EXPECT_EQ(rig.station.form1.VrMblk.value(), level) << fraction;
+        rig.takeQueued();  // the frame leaves, as on a line that answers
     }
     for (const char* bad : {"1.5", "-0.1", "x", "nan", ""})
         EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + bad).rfind("ERR ", 0), 0u) << bad;
+}
+
+// An encoder on a function level: while its frame waits, steps add up on the kept value and
+// one frame goes when the first has gone, ending where unpaced steps end.
+TEST(Remote, FunctionLevelStepsArePaced) {
+    RemoteRig paced, plain;
+    for (RemoteRig* rig : {&paced, &plain}) {
+        EXPECT_EQ(rig->commands.execute("camera 3"), "OK");
+        EXPECT_EQ(rig->commands.execute("function Knee \"Knee Point\" 0x80"), "OK");
+        rig->takeQueued();
+    }
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(paced.commands.execute("function Knee \"Knee Point\" step 1"), "OK");
+        EXPECT_EQ(plain.commands.execute("function Knee \"Knee Point\" step 1"), "OK");
+        plain.takeQueued();
+    }
+    EXPECT_EQ(paced.takeQueued().size(), 1u);  // the first step; the rest is kept
+    paced.commands.beforePoll();
+    EXPECT_EQ(paced.takeQueued().size(), 1u);
+    const std::string get = "get function Knee \"Knee Point\"";
+    EXPECT_EQ(paced.commands.execute(get), plain.commands.execute(get));
+    EXPECT_NE(paced.commands.execute(get), "OK function Knee \"Knee Point\" 80");
 }
 
 TEST(Remote, FilesInAllowedFolder) {

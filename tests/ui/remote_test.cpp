@@ -14,12 +14,14 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
+#include "tests/support/studio_line_rig.hpp"
 #include "ui/remote/remembered_remote.hpp"
 #include "ui/remote/remote_control.hpp"
 #include "ui/remote/remote_menu.hpp"
 
 using namespace station;
 using namespace station::ui;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -177,6 +179,55 @@ private slots:
         QVERIFY(a.lines(8).contains(QStringLiteral("EV auto \"AUTO WHITE: Now doing\"")));
     }
 
+    // One fader through TCP, another through OSC, on the in-process camera line in
+    // simulated time: the cameras end where the hands stopped, the frames went out in order,
+    // and what each client was pushed never ran backwards.
+    void fadersThroughTcpAndOscOnTheLine() {
+        RemoteControl* remote = nullptr;
+        testing::StudioLineRig line([&remote] {
+            if (remote) remote->beforePoll();
+        });
+        RemoteControl control(line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}}, [] {},
+                              [] { return false; });
+        remote = &control;
+        QVERIFY(control.setEnabled(true));
+        Client tcp(control.tcp().port());
+        Surface osc(control.osc().port());
+        osc.send(remote::encodeArgs("/register", {}));
+        QCOMPARE(osc.receive(1), QStringList{"/reply OK"});
+        QTRY_COMPARE(control.tcp().clientCount(), 1);
+        int replies = 0;
+        for (int i = 0; i < 200; ++i) {  // 2 s at 100 updates a second
+            tcp.send("level mblk " + QByteArray::number(i / 2) + "\n");
+            osc.send(remote::encodeArgs("/level/rgain", {static_cast<float>(i) * 0.5f + 0.2f}));
+            QCOMPARE(tcp.replies(++replies).last(), QStringLiteral("OK"));
+            QTRY_VERIFY(osc.receive(0).count(QStringLiteral("/reply OK")) == i + 2);
+            line.ticks.run(10ms);
+            control.push();
+        }
+        line.ticks.run(1s);
+        control.push();
+        const auto level = [&line](std::uint8_t address) { return static_cast<std::int8_t>(line.line.camera(1)->level(address)); };
+        QCOMPARE(level(0x2B), 99);
+        QCOMPARE(level(0x18), 100);
+        std::vector<int> mblk, rgain;
+        const auto collect = [&] {
+            mblk.clear();
+            rgain.clear();
+            for (const QString& l : tcp.lines(0))
+                if (l.startsWith(QStringLiteral("EV level mblk "))) mblk.push_back(l.mid(14).toInt());
+            for (const QString& l : osc.receive(0))
+                if (l.startsWith(QStringLiteral("/level/rgain "))) rgain.push_back(l.mid(13).toInt());
+            return !mblk.empty() && mblk.back() == 99 && !rgain.empty() && rgain.back() == 100;
+        };
+        QTRY_VERIFY(collect());
+        QVERIFY(std::is_sorted(mblk.begin(), mblk.end()));
+        QVERIFY(std::is_sorted(rgain.begin(), rgain.end()));
+        int frames = 0;
+        for (const std::string& f : line.stationFrames()) frames += f.find("302B") != std::string::npos;
+        QVERIFY2(frames < 80, qPrintable(QString::number(frames)));  // about one a poll, not one an update
+    }
+
     void badInputGetsAnErrOrTheClientIsClosed() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));
@@ -186,13 +237,20 @@ private slots:
         QCOMPARE(c.lines(3), (QStringList{"ERR line too long (over 1024 bytes)", "ERR not a text line (control byte)",
                                           "OK camera 1"}));
 
-        // A flood is answered line by line, and the queue is never filled past the limit.
-        QByteArray flood;
-        for (int i = 0; i < 10000; ++i) flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
+        // A flood of one fader is answered line by line and keeps one frame waiting; a flood of
+        // mode commands (never merged) is refused once the queue is past the limit.
+        QByteArray flood, modes;
+        for (int i = 0; i < 10000; ++i) {
+            flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
+            modes += i % 2 ? "mode bar 1\n" : "mode bar 0\n";
+        }
         Client f(port);
         f.send(flood);
-        const QStringList replies = f.replies(10000);
-        QCOMPARE(replies.size(), 10000);
+        QCOMPARE(f.replies(10000).count(QStringLiteral("OK")), 10000);
+        QCOMPARE(rig.station.link.queue().SendCnt(), 1);
+        f.send(modes);
+        const QStringList replies = f.replies(20000);
+        QCOMPARE(replies.size(), 20000);
         QVERIFY(replies.count(QStringLiteral("ERR queue full: 201 frames waiting, try again")) > 9000);
         QCOMPARE(rig.station.link.queue().SendCnt(), 201);
         QVERIFY(rig.messages.shown.empty());
@@ -227,7 +285,8 @@ private slots:
         client.send(remote::encodeMessage("/register", {}));
         client.send(remote::encodeMessage("/level/iris/step", {}, {}, {-2.4f}));
         client.send(remote::encodeMessage("/auto", {"white"}));
-        QCOMPARE(client.receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/level/iris 10", "/reply OK",
+        // On the fake line 12's frame never leaves: the step waits, and goes in before the auto.
+        QCOMPARE(client.receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/reply OK", "/level/iris 10",
                                                  "/auto AUTO WHITE: Now doing", "/auto/window 1"}));
         client.got.clear();
         const QByteArray junk("\x01\x02garbage", 9);

@@ -55,6 +55,8 @@ public:
     RemoteOscServer& osc() { return osc_; }
     // Sends what changed to every client.
     void push();
+    // To run just before each poll of the line: a fader's newest value goes out in time for it.
+    void beforePoll() { commands_.beforePoll(); }
 
 private:
     RemoteSettings settings_;
