@@ -1,7 +1,7 @@
 #pragma once
-// The station's remote command set: one text command per line, carried out against the
-// Station through the same entry points its windows use (the form models' controls and the
-// Station's actions), so every behaviour of the panel holds as for a mouse click. Each
+// The station's remote command set: one text command per line, carried out through the
+// station's named actions (the front door its windows' gestures share), so every behaviour
+// of the panel holds as for a mouse click; state is read from the station's readout. Each
 // command is answered by lines whose last is "OK", "OK <value>" or "ERR <reason>".
 // Changes of what a surface shows are reported separately, by changes().
 //
@@ -21,10 +21,11 @@
 #include <string_view>
 #include <vector>
 
-#include "app/station.hpp"
+#include "app/actions.hpp"
+#include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
 #include "remote/fader_pacer.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "remote/sent_frames.hpp"
 #include "remote/station_state.hpp"
 
 namespace station::remote {
@@ -46,6 +47,9 @@ public:
         std::string usage;  // e.g. "level NAME VALUE | level NAME step N"
         bool acts = true;   // false for commands that only read (never refused for a full queue)
         Handler run;
+        // Values go through the fader pacing; any other acting command first puts values
+        // kept by the pacing in place.
+        bool paced = false;
     };
 
     // `dialogs` must be the file dialogs the station was built with, so that the file
@@ -75,36 +79,38 @@ public:
     std::optional<std::string> getAdded(Words& words);
     std::vector<std::string> usage() const;
 
-    // Runs a gesture at the station's error boundary (the operator is told of a failure as
-    // for a window's gesture); raises CommandError with the runtime's text when it failed.
-    void gesture(const std::function<void()>& action);
-    // Runs after every gesture (the desktop program redraws its windows).
+    // The outcome of an action as a command's: "" when done; CommandError with the reason
+    // when it was refused or failed (the operator was told of a failure as for a window's
+    // gesture).
+    std::string perform(const ActionResult& result);
+    // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
     // True while something must not be interrupted (a message box is up): commands wait.
     std::function<bool()> busy;
 
     // Carries out `act` with the newest value a surface gave `control` (a level, a function
-    // level), at most one of its frames waiting in the queue (see fader_pacer.hpp).
-    void paced(const std::string& control, long value, std::function<void(long)> act);
+    // level), at most one of its frames waiting in the queue to be sent (fader_pacer.hpp).
+    void paced(const std::string& control, long value, std::function<ActionResult(long)> act);
     FaderPacer& faders() { return faders_; }
-    // Runs just before each poll of the line: kept values whose control's frame has left the
-    // queue go out now, in time for this poll.
+    // Runs just before each poll: kept values whose control's frame has gone out follow
+    // it now, in time for this poll.
     void beforePoll() { faders_.release(); }
 
-    Station& station() { return station_; }
+    Actions& actions() { return actions_; }
+    const StationReadout& readout() const { return actions_.readout(); }
     PresetDialogs& dialogs() { return dialogs_; }
     const RemoteAccess& access() const { return access_; }
 
 private:
     std::string run(Words& words);
-    bool frameWaiting(const Bytes& frame) const;
-    bool pacing_ = false;  // a paced value is being carried out
+    bool frameWaiting(FaderPacer::Ticket ticket) const;
 
-    Station& station_;
+    Actions actions_;
     PresetDialogs& dialogs_;
     RemoteAccess access_;
     StateWatch watch_;
-    FaderPacer faders_{[this](const Bytes& frame) { return frameWaiting(frame); }};
+    SentFrames sent_;
+    FaderPacer faders_{[this](FaderPacer::Ticket ticket) { return frameWaiting(ticket); }};
     std::map<std::string, Command> commands_;
     std::map<std::string, Getter> getters_;
     bool running_ = false;

@@ -18,17 +18,18 @@
 #include <optional>
 #include <string>
 
-#include "common/bytes.hpp"
 
 namespace station::remote {
 
 class FaderPacer {
 public:
+    // What tells a queued frame apart: given by Send, asked about by Waiting.
+    using Ticket = long;
     // Carries out a value (the gesture on the control) and answers the frame it queued, or
     // nothing when none was queued (the value was already held, or nothing is sent).
-    using Send = std::function<std::optional<Bytes>(long value)>;
+    using Send = std::function<std::optional<Ticket>(long value)>;
     // Whether this frame still waits in the send queue to be sent.
-    using Waiting = std::function<bool(const Bytes& frame)>;
+    using Waiting = std::function<bool(Ticket frame)>;
 
     explicit FaderPacer(Waiting waiting) : waiting_(std::move(waiting)) {}
 
@@ -53,7 +54,7 @@ public:
 
 private:
     struct Control {
-        std::optional<Bytes> frame;  // the last frame queued for it
+        std::optional<Ticket> frame;  // the last frame queued for it
         std::optional<long> kept;
         Send send;                   // for the kept value
         long latest = 0;

@@ -111,16 +111,16 @@ std::optional<bool> pressed(const std::vector<Arg>& args) {
 }
 
 std::string joined(const std::vector<std::string>& words) {
-    std::string line;
-    for (const std::string& w : words) line += (line.empty() ? "" : " ") + w;
-    return line;
+    std::string text;
+    for (const std::string& w : words) text += (text.empty() ? "" : " ") + w;
+    return text;
 }
 
 // The command of a button address: a press acts, a release does nothing, except on the call
 // button, which is held (on) and let go (off).
 void buttonCommand(std::vector<std::string> words, bool down, OscCommand& out) {
     if (words[0] == "call") {
-        out.line = down ? "call on" : "call off";
+        out.text = down ? "call on" : "call off";
         return;
     }
     if (!down) {
@@ -128,7 +128,7 @@ void buttonCommand(std::vector<std::string> words, bool down, OscCommand& out) {
         return;
     }
     if (words[0] == "scene" && words.size() == 2 && words[1] != "clear") words.insert(words.begin() + 1, "recall");
-    out.line = joined(words);
+    out.text = joined(words);
 }
 
 // /norm/level/NAME F: the level as 0.0 to 1.0 of its range.
@@ -140,7 +140,7 @@ void normCommand(const std::vector<std::string>& words, const std::vector<Arg>& 
     }
     char fraction[32];
     std::snprintf(fraction, sizeof fraction, "%.6f", args[0].number);
-    out.line = joined(words) + " norm " + fraction;
+    out.text = joined(words) + " norm " + fraction;
 }
 
 }  // namespace
@@ -208,7 +208,7 @@ OscCommand decodeOsc(const std::uint8_t* data, std::size_t size) {
         }
         words.push_back(*w);
     }
-    out.line = joined(words);
+    out.text = joined(words);
     return out;
 }
 
@@ -235,8 +235,8 @@ Packet encodeArgs(const std::string& address, const std::vector<OscArg>& args) {
 Packet encodeReply(const std::string& reply) { return encodeMessage("/reply", {reply}); }
 
 std::optional<OscReceiver> receiverOf(const OscCommand& message) {
-    if (!message.error.empty() || message.line.empty()) return std::nullopt;
-    Words w(splitWords(message.line));
+    if (!message.error.empty() || message.text.empty()) return std::nullopt;
+    Words w(splitWords(message.text));
     const std::string verb = lower(w.peek());
     if (verb != "register" && verb != "unregister") return std::nullopt;
     w.take("command");

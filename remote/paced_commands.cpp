@@ -1,36 +1,32 @@
-// Fader pacing on the station: which frame a surface's value queued, and whether that frame
-// still waits in the send queue to be sent. The head, once sent, is on its way: the next
-// value may queue behind it and go at the very poll that takes the camera's ACK, so that a
-// fader gets a frame every poll.
+// Fader pacing on the station: a value's frame is known by the count of first sends after
+// which it has gone out. The head, once sent, is on its way: the next value may queue
+// behind it and go at the very poll that takes the camera's ACK, so that a fader gets a
+// frame every poll.
 #include "remote/command_set.hpp"
 
 namespace station::remote {
 
-bool CommandSet::frameWaiting(const Bytes& frame) const {
-    const SendQueue& queue = station_.link.queue();
-    const int first = station_.link.AckWait() > 0 ? 2 : 1;
-    for (int i = first; i <= queue.SendCnt(); ++i)
-        if (queue.entry(i).Data == frame) return true;
-    return false;
+namespace {
+
+int unsent(const StationReadout& r) { return r.queued() - (r.awaitingAcknowledge() ? 1 : 0); }
+
+}  // namespace
+
+bool CommandSet::frameWaiting(FaderPacer::Ticket ticket) const {
+    // Frames that leave without a send being told (no handshake, a queue given up) leave
+    // nothing unsent behind them.
+    return unsent(readout()) > 0 && sent_.count() < ticket;
 }
 
-void CommandSet::paced(const std::string& control, long value, std::function<void(long)> act) {
-    const int camera = station_.shared.CamNo;
-    faders_.offer(control, value, [this, camera, act = std::move(act)](long v) -> std::optional<Bytes> {
+void CommandSet::paced(const std::string& control, long value, std::function<ActionResult(long)> act) {
+    const int camera = readout().selectedCamera();
+    faders_.offer(control, value, [this, camera, act = std::move(act)](long v) -> std::optional<FaderPacer::Ticket> {
         // A value kept for a camera that is no longer selected is not given to another.
-        if (station_.shared.CamNo != camera) return std::nullopt;
-        const SendQueue& queue = station_.link.queue();
-        const int before = queue.SendCnt();
-        pacing_ = true;
-        try {
-            act(v);
-        } catch (...) {
-            pacing_ = false;
-            throw;
-        }
-        pacing_ = false;
-        if (queue.SendCnt() <= before) return std::nullopt;
-        return queue.entry(queue.SendCnt()).Data;
+        if (readout().selectedCamera() != camera) return std::nullopt;
+        const int before = readout().queued();
+        perform(act(v));
+        if (readout().queued() <= before) return std::nullopt;
+        return sent_.count() + unsent(readout());
     });
 }
 

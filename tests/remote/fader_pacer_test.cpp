@@ -11,32 +11,34 @@
 namespace station::remote {
 namespace {
 
-// A queue of frames (a control's name byte and the value) and what left it, in order.
+// A queue of frames (a ticket and the value) and the values that left it, in order.
 struct Queue {
-    bool waiting(const Bytes& frame) const { return std::find(frames.begin(), frames.end(), frame) != frames.end(); }
-    FaderPacer::Send sender(std::uint8_t control) {
-        return [this, control](long value) -> std::optional<Bytes> {
-            const Bytes frame{control, static_cast<std::uint8_t>(value)};
-            frames.push_back(frame);
-            return frame;
+    bool waiting(FaderPacer::Ticket t) const {
+        return std::any_of(frames.begin(), frames.end(), [t](const auto& f) { return f.first == t; });
+    }
+    FaderPacer::Send sender() {
+        return [this](long value) -> std::optional<FaderPacer::Ticket> {
+            frames.emplace_back(++tickets, static_cast<int>(value));
+            return tickets;
         };
     }
     void poll() {
         if (frames.empty()) return;
-        sent.push_back(frames.front()[1]);
+        sent.push_back(frames.front().second);
         frames.pop_front();
     }
-    std::deque<Bytes> frames;
+    std::deque<std::pair<FaderPacer::Ticket, int>> frames;
+    FaderPacer::Ticket tickets = 0;
     std::vector<int> sent;  // values in the order they left
 };
 
 TEST(FaderPacer, OneFrameWaitsAndTheNewestGoesNext) {
     Queue q;
-    FaderPacer pacer([&q](const Bytes& f) { return q.waiting(f); });
+    FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
     int mostWaiting = 0;
     // A fader from 0 to 99 at 100 updates a second, the queue taking one frame every 40 ms.
     for (int v = 0; v < 100; ++v) {
-        pacer.offer("level mblk", v, q.sender(1));
+        pacer.offer("level mblk", v, q.sender());
         mostWaiting = std::max(mostWaiting, static_cast<int>(q.frames.size()));
         if (v % 4 == 3) {
             pacer.release();
@@ -59,10 +61,10 @@ TEST(FaderPacer, OneFrameWaitsAndTheNewestGoesNext) {
 
 TEST(FaderPacer, ControlsArePacedApartAndFlushPutsKeptValuesInPlace) {
     Queue q;
-    FaderPacer pacer([&q](const Bytes& f) { return q.waiting(f); });
-    pacer.offer("level mblk", 5, q.sender(1));
-    pacer.offer("level iris", 7, q.sender(2));  // another control is not held up by the first
-    pacer.offer("level mblk", 6, q.sender(1));
+    FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
+    pacer.offer("level mblk", 5, q.sender());
+    pacer.offer("level iris", 7, q.sender());  // another control is not held up by the first
+    pacer.offer("level mblk", 6, q.sender());
     EXPECT_EQ(q.frames.size(), 2u);
     EXPECT_TRUE(pacer.busy("level mblk"));
     pacer.flush();  // another command follows: the 6 given before it goes before it
@@ -73,8 +75,8 @@ TEST(FaderPacer, ControlsArePacedApartAndFlushPutsKeptValuesInPlace) {
     EXPECT_FALSE(pacer.busy("level mblk"));
 
     // A value that queued nothing (the control held it already) holds nothing up.
-    pacer.offer("level mblk", 6, [](long) { return std::optional<Bytes>(); });
-    pacer.offer("level mblk", 7, q.sender(1));
+    pacer.offer("level mblk", 6, [](long) { return std::optional<FaderPacer::Ticket>(); });
+    pacer.offer("level mblk", 7, q.sender());
     EXPECT_EQ(q.frames.size(), 1u);
 }
 
@@ -83,17 +85,17 @@ TEST(FaderPacer, ControlsArePacedApartAndFlushPutsKeptValuesInPlace) {
 // settled value is, whatever it is.
 TEST(FaderPacer, EchoesOfOlderValuesAreNotPushed) {
     Queue q;
-    FaderPacer pacer([&q](const Bytes& f) { return q.waiting(f); });
+    FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
     auto worth = [&pacer](int v) { return pacer.worthPushing("level mblk", std::to_string(v)); };
-    pacer.offer("level mblk", -10, q.sender(1));
+    pacer.offer("level mblk", -10, q.sender());
     EXPECT_TRUE(worth(-10));
-    pacer.offer("level mblk", -5, q.sender(1));  // kept behind -10's frame
+    pacer.offer("level mblk", -5, q.sender());  // kept behind -10's frame
     EXPECT_TRUE(worth(-5));
     EXPECT_FALSE(worth(-10));
     q.poll();
     pacer.release();  // -5 goes
     EXPECT_FALSE(worth(-10));  // the echo of -10 arrives late
-    pacer.offer("level mblk", 0, q.sender(1));
+    pacer.offer("level mblk", 0, q.sender());
     EXPECT_FALSE(worth(-5));
     EXPECT_TRUE(worth(0));
     q.poll();
@@ -102,7 +104,7 @@ TEST(FaderPacer, EchoesOfOlderValuesAreNotPushed) {
     q.poll();  // nothing waits now: what the camera says is what it holds
     EXPECT_TRUE(worth(-5));
     EXPECT_TRUE(worth(0));
-    EXPECT_EQ(q.sent, (std::vector<int>{static_cast<std::uint8_t>(-10), static_cast<std::uint8_t>(-5), 0}));
+    EXPECT_EQ(q.sent, (std::vector<int>{-10, -5, 0}));
     EXPECT_TRUE(pacer.worthPushing("level mblk", "on"));  // not a number: not the fader's
     EXPECT_TRUE(pacer.worthPushing("filter", "5600K"));
 }

@@ -70,7 +70,7 @@ TEST(OscDecode, SurfaceMessagesBecomeCommands) {
         const OscCommand got = decode(c.address, c.args);
         SCOPED_TRACE(c.address + " -> " + c.line);
         EXPECT_EQ(got.error, c.error);
-        EXPECT_EQ(got.line, c.line);
+        EXPECT_EQ(got.text, c.line);
         EXPECT_EQ(got.ignored, c.line.empty() && c.error.empty());
     }
 }

@@ -12,7 +12,7 @@
 
 #include "app/station.hpp"
 #include "common/hex.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
 #include "sim/tick_driver.hpp"
@@ -62,7 +62,7 @@ struct StudioLineRig {
     sim::SimPort port{line};
     CountedMessages messages;
     NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     sim::TickDriver ticks{line};

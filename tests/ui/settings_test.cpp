@@ -41,7 +41,7 @@ private slots:
         testing::FakePort port;
         testing::FakeMessages messages;
         testing::FakeDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         ModalPause modal;
         Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});

@@ -42,7 +42,7 @@ std::string RemoteOscServer::command(const remote::OscCommand& message, const Pe
     } catch (const remote::CommandError& e) {
         return std::string("ERR ") + e.what();
     }
-    if (!receiver) return handle_(message.line);
+    if (!receiver) return handle_(message.text);
     Peer peer = from;
     if (!receiver->host.empty()) {
         const QString host = QString::fromStdString(receiver->host);

@@ -18,7 +18,7 @@ QMenu& fileMenu(StationView& view) { return *view.mainWindow().menus().action(QS
 }  // namespace
 
 RememberedSession::RememberedSession(RememberedSettings& settings, StationView& view, Station& station,
-                                     PresetOpenDialogs& dialogs, FileWriter& writer)
+                                     PresetDialogs& dialogs, FileWriter& writer)
     : station_(station),
       places_(view.mainWindow(), settings),
       recent_(fileMenu(view), settings, [&settings, &view, &station, &dialogs](const std::string& path) {

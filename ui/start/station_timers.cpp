@@ -4,16 +4,13 @@ namespace station::ui {
 
 StationTimers::StationTimers(Station& station, std::function<void()> afterTick, std::function<void()> beforePoll)
     : afterTick_(std::move(afterTick)) {
-    Station* s = &station;
-    auto poll = [s, beforePoll = std::move(beforePoll)] {
+    for (StationTick& t : stationTicks(station)) entries_.push_back({t.model, std::move(t.tick), nullptr});
+    // The built-in camera line catches up just before each poll.
+    entries_.at(StationTick::Poll).tick = [poll = std::move(entries_.at(StationTick::Poll).tick),
+                                           beforePoll = std::move(beforePoll)] {
         if (beforePoll) beforePoll();
-        s->Timer1_Timer();
+        poll();
     };
-    entries_.push_back({station.link.Timer1, poll, nullptr});
-    entries_.push_back({station.link.Timer2, [s] { s->Timer2_Timer(); }, nullptr});
-    entries_.push_back({station.link.Timer3, [s] { s->Timer3_Timer(); }, nullptr});
-    entries_.push_back({station.form1.Timer4, [s] { s->Timer4_Timer(); }, nullptr});
-    entries_.push_back({station.form6.Timer1, [s] { s->Form6Timer_Timer(); }, nullptr});
     for (Entry& e : entries_) {
         e.timer = std::make_unique<QTimer>();
         e.timer->setTimerType(Qt::PreciseTimer);

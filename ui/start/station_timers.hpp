@@ -11,12 +11,14 @@
 #include <vector>
 
 #include "app/station.hpp"
+#include "app/tick_table.hpp"
 
 namespace station::ui {
 
 class StationTimers {
 public:
-    enum Which { Poll, AckWatch, AnswerWatch, FilterRelease, AutoMessage };
+    using Which = StationTick::Which;
+    using enum StationTick::Which;
 
     // `afterTick` runs after every tick (the windows are redrawn); `beforePoll` runs just
     // before each poll (the built-in camera line catches up).
@@ -34,7 +36,7 @@ public:
 
 private:
     struct Entry {
-        Timer& model;
+        const Timer& model;
         std::function<void()> tick;
         std::unique_ptr<QTimer> timer;
     };
