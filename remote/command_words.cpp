@@ -90,6 +90,15 @@ long Words::number(const std::string& what, long lo, long hi) {
     return *n;
 }
 
+double Words::fraction(const std::string& what) {
+    const std::string word = take(what);
+    double v = -1;
+    const auto [ptr, ec] = std::from_chars(word.data(), word.data() + word.size(), v);
+    if (word.empty() || ec != std::errc() || ptr != word.data() + word.size() || !(v >= 0.0 && v <= 1.0))
+        throw CommandError(what + " must be a fraction from 0 to 1, not \"" + word + "\"");
+    return v;
+}
+
 void Words::end() const {
     if (!done()) throw CommandError("unexpected \"" + words_[next_] + "\" after \"" + said() + "\"");
 }
@@ -106,6 +115,11 @@ std::optional<long> wholeNumber(std::string_view text) {
     const auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
     if (text.empty() || ec != std::errc() || ptr != text.data() + text.size()) return std::nullopt;
     return v;
+}
+
+std::string quoteWord(std::string_view text) {
+    if (!text.empty() && text.find_first_of(" \t") == std::string_view::npos) return std::string(text);
+    return "\"" + std::string(text) + "\"";
 }
 
 std::string lower(std::string_view text) {

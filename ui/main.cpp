@@ -27,6 +27,7 @@
 #include "ui/start/remembered_session.hpp"
 #include "ui/remote/remote_control.hpp"
 #include "ui/remote/remote_menu.hpp"
+#include "ui/remote/remembered_remote.hpp"
 #include "ui/start/remembered_port.hpp"
 #include "ui/main/station_view.hpp"
 
@@ -52,7 +53,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::string remoteError;
-    const RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
+    RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
     if (!options.error.empty() || !remoteError.empty()) {
         std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
                   << programHelp();
@@ -114,8 +115,10 @@ int main(int argc, char** argv) {
         if (!logFile) return startFailed("cannot open the log file " + options.logFile->string());
         station.line.log.sink = [&logFile](const std::string& entry) { logFile << entry << std::endl; };
     }
-    const std::function<void()> beforePoll = [&line, &station] {
+    std::function<void()> remoteBeforePoll;  // set once remote control exists
+    const std::function<void()> beforePoll = [&line, &station, &remoteBeforePoll] {
         if (line && station.line.choice().simulated) line->advance();
+        if (remoteBeforePoll) remoteBeforePoll();
     };
     StationView view(station, modal, beforePoll);
     view.onEnded = [] { QCoreApplication::quit(); };
@@ -133,10 +136,14 @@ int main(int argc, char** argv) {
     view.refresh();
     if (station.ended()) return 0;
 
+    // Without remote-control options the station comes up as the operator last left it.
+    if (!options.remote.enabled) remoteSettings = rememberedRemote(settings, remoteSettings);
     RemoteControl remote(station, remoteDialogs, remoteSettings, [&view] { view.refresh(); },
                          [&modal] { return modal.depth > 0; });
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
-    installRemoteMenu(view.mainWindow(), remote);
+    remoteBeforePoll = [&remote] { remote.beforePoll(); };
+    installRemoteMenu(view.mainWindow(), remote,
+                      [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); });
     return app.exec();
 }

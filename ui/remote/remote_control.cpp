@@ -53,7 +53,7 @@ bool RemoteControl::setEnabled(bool on) {
 }
 
 QString RemoteControl::status() const {
-    if (!enabled()) return QString();
+    if (!enabled()) return error_.isEmpty() ? QString() : QStringLiteral("Remote control could not start: ") + error_;
     const QString where = settings_.address.toString();
     const QString text = QStringLiteral("Remote control: TCP %1:%2, OSC %1:%3").arg(where).arg(tcp_.port()).arg(osc_.port());
     if (settings_.address.isLoopback()) return text;
@@ -62,7 +62,7 @@ QString RemoteControl::status() const {
 
 void RemoteControl::push() {
     for (const remote::StateItem& item : commands_.changes()) {
-        tcp_.broadcast("EV " + item.key + " " + item.value);
+        tcp_.broadcast("EV " + item.key + " " + remote::quoteWord(item.value));
         osc_.broadcast(item);
     }
 }

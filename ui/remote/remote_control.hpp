@@ -45,14 +45,18 @@ public:
     bool setEnabled(bool on);
     bool enabled() const { return tcp_.isListening(); }
     QString error() const { return error_; }
-    // What the status bar says while it is on.
+    // What the status bar says: where it listens while it is on, why it is not when it could
+    // not start; nothing while it is off.
     QString status() const;
+    const RemoteSettings& settings() const { return settings_; }
 
     remote::CommandSet& commands() { return commands_; }
     RemoteTcpServer& tcp() { return tcp_; }
     RemoteOscServer& osc() { return osc_; }
     // Sends what changed to every client.
     void push();
+    // To run just before each poll of the line: a fader's newest value goes out in time for it.
+    void beforePoll() { commands_.beforePoll(); }
 
 private:
     RemoteSettings settings_;
