@@ -31,7 +31,14 @@ Station::Station(const StationPlatform& platform)
         const std::string name = std::filesystem::path(setupFile.FileName).filename().string();
         form1.form.Caption = name.empty() ? "Camera Control" : name + " - Camera Control";
     };
-    setupFile.Notify = [this](const std::string& text) { notice.raise(text); };
+    // Words that need no answer go to the status bar and the line log alike.
+    const auto tell = [this](const std::string& text) {
+        notice.raise(text);
+        line.note(text, {}, 0);
+    };
+    setupFile.Notify = tell;
+    cameraTypes.Notify = tell;
+    editor.Notify = tell;
     editor.startAutoSetup = [this](const std::string& operation, const std::string& title) {
         autoSetup.start(operation, title);
     };

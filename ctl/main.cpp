@@ -75,6 +75,8 @@ int run(const ctl::CtlOptions& options) {
     ctl::TickLoop ticks(station, *clock);
     ctl::Session session(commands, ticks, replies, messages, std::cout, std::cerr, options.quiet);
 
+    // What the station leaves out or changes without a box is said on the error stream.
+    station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
     station.Form_Load();
     if (options.setup) {
         const std::string path = fs::absolute(*options.setup).string();
@@ -89,6 +91,10 @@ int run(const ctl::CtlOptions& options) {
     int status = session.finish();
     if (options.save) {
         const std::string path = fs::absolute(*options.save).string();
+        // The file named is replaced, never the one a link of that name points to.
+        std::error_code ec;
+        if (fs::is_symlink(fs::symlink_status(path, ec)))
+            throw std::invalid_argument(path + " is a symbolic link: not saved");
         const int before = messages.failures();
         dialogs.answerNextSave(path);
         (void)actions.saveAs();

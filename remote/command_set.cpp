@@ -6,11 +6,13 @@ namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
     : actions_(station), dialogs_(dialogs), access_(std::move(access)), watch_(actions_.readout()) {
+    station.watchLine(sent_);  // the command set lives no longer than the station's polls
     add({"help", "help", false, [this](Words& w) {
              w.end();
+             // One command a line after the "OK", and a blank line at the end.
              std::string all;
-             for (const std::string& u : usage()) all += (all.empty() ? "" : "; ") + u;
-             return all;
+             for (const std::string& u : usage()) all += "\n" + u;
+             return all + "\n";
          }});
     add({"box", "box ok (closes the box on the operator's screen as its OK button does)", false, [this](Words& w) {
              const std::string word = lower(w.take("ok"));
@@ -86,7 +88,7 @@ std::string CommandSet::execute(std::string_view line) {
     try {
         Words words(splitWords(line));
         const std::string value = run(words);
-        reply = value.empty() ? "OK" : "OK " + value;
+        reply = value.empty() ? "OK" : value.front() == '\n' ? "OK" + value : "OK " + value;
     } catch (const CommandError& e) {
         reply = std::string("ERR ") + e.what();
     } catch (const RuntimeError& e) {
@@ -116,6 +118,8 @@ std::string CommandSet::run(Words& words) {
         if (waiting > access_.queueLimit)
             throw CommandError("queue full: " + std::to_string(waiting) + " frames waiting, try again");
     }
+    // Values a fader gave before this command take effect before it.
+    if (command.acts && !command.paced) faders_.flush();
     words.take("command");
     return command.run(words);
 }

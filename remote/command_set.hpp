@@ -25,6 +25,8 @@
 #include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
 #include "remote/held_messages.hpp"
+#include "remote/fader_pacer.hpp"
+#include "remote/sent_frames.hpp"
 #include "remote/station_state.hpp"
 
 namespace station::remote {
@@ -46,6 +48,9 @@ public:
         std::string usage;  // e.g. "level NAME VALUE | level NAME step N"
         bool acts = true;   // false for commands that only read (never refused for a full queue)
         Handler run;
+        // Values go through the fader pacing; any other acting command first puts values
+        // kept by the pacing in place.
+        bool paced = false;
     };
 
     // `dialogs` must be the file dialogs the station was built with, so that the file
@@ -59,8 +64,11 @@ public:
     // (no reply).
     std::string execute(std::string_view line);
 
-    // What surfaces show that changed since the last call.
-    StateList changes() { return watch_.changes(); }
+    // What surfaces show that changed since the last call; a camera's echo of an older value
+    // of a fader still moving is held back (see fader_pacer.hpp).
+    StateList changes() {
+        return watch_.changes([this](const StateItem& i) { return faders_.worthPushing(i.key, i.value); });
+    }
     StateList state() const { return watch_.current(); }
 
     void add(Command command);
@@ -89,6 +97,14 @@ public:
     // the client's ERR reply and never a box on the operator's screen; none: shown as usual.
     HeldMessages* held = nullptr;
 
+    // Carries out `act` with the newest value a surface gave `control` (a level, a function
+    // level), at most one of its frames waiting in the queue to be sent (fader_pacer.hpp).
+    void paced(const std::string& control, long value, std::function<ActionResult(long)> act);
+    FaderPacer& faders() { return faders_; }
+    // Runs just before each poll: kept values whose control's frame has gone out follow
+    // it now, in time for this poll.
+    void beforePoll() { faders_.release(); }
+
     Actions& actions() { return actions_; }
     const StationReadout& readout() const { return actions_.readout(); }
     PresetDialogs& dialogs() { return dialogs_; }
@@ -96,11 +112,14 @@ public:
 
 private:
     std::string run(Words& words);
+    bool frameWaiting(FaderPacer::Ticket ticket) const;
 
     Actions actions_;
     PresetDialogs& dialogs_;
     RemoteAccess access_;
     StateWatch watch_;
+    SentFrames sent_;
+    FaderPacer faders_{[this](FaderPacer::Ticket ticket) { return frameWaiting(ticket); }};
     std::map<std::string, Command> commands_;
     std::map<std::string, Getter> getters_;
     bool running_ = false;

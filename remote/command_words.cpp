@@ -16,6 +16,19 @@ std::size_t sequenceLength(unsigned char lead) {
     return 0;
 }
 
+// The range the byte after `lead` must lie in. The narrow ranges shut out the overlong
+// forms (E0, F0), the surrogate halves U+D800..U+DFFF (ED) and everything above U+10FFFF
+// (F4); every later byte is a plain continuation byte.
+bool secondByteFits(unsigned char lead, unsigned char second) {
+    unsigned char low = 0x80;
+    unsigned char high = 0xBF;
+    if (lead == 0xE0) low = 0xA0;
+    else if (lead == 0xED) high = 0x9F;
+    else if (lead == 0xF0) low = 0x90;
+    else if (lead == 0xF4) high = 0x8F;
+    return second >= low && second <= high;
+}
+
 }  // namespace
 
 std::optional<std::string> lineProblem(std::string_view line) {
@@ -26,6 +39,7 @@ std::optional<std::string> lineProblem(std::string_view line) {
         if (c == 0x7F) return "not a text line (control byte)";
         const std::size_t n = sequenceLength(c);
         if (n == 0 || i + n > line.size()) return "not a text line (not UTF-8)";
+        if (n > 1 && !secondByteFits(c, static_cast<unsigned char>(line[i + 1]))) return "not a text line (not UTF-8)";
         for (std::size_t k = 1; k < n; ++k)
             if ((static_cast<unsigned char>(line[i + k]) & 0xC0) != 0x80) return "not a text line (not UTF-8)";
         i += n;
@@ -76,6 +90,15 @@ long Words::number(const std::string& what, long lo, long hi) {
     return *n;
 }
 
+double Words::fraction(const std::string& what) {
+    const std::string word = take(what);
+    double v = -1;
+    const auto [ptr, ec] = std::from_chars(word.data(), word.data() + word.size(), v);
+    if (word.empty() || ec != std::errc() || ptr != word.data() + word.size() || !(v >= 0.0 && v <= 1.0))
+        throw CommandError(what + " must be a fraction from 0 to 1, not \"" + word + "\"");
+    return v;
+}
+
 void Words::end() const {
     if (!done()) throw CommandError("unexpected \"" + words_[next_] + "\" after \"" + said() + "\"");
 }
@@ -92,6 +115,11 @@ std::optional<long> wholeNumber(std::string_view text) {
     const auto [ptr, ec] = std::from_chars(text.data(), text.data() + text.size(), v);
     if (text.empty() || ec != std::errc() || ptr != text.data() + text.size()) return std::nullopt;
     return v;
+}
+
+std::string quoteWord(std::string_view text) {
+    if (!text.empty() && text.find_first_of(" \t") == std::string_view::npos) return std::string(text);
+    return "\"" + std::string(text) + "\"";
 }
 
 std::string lower(std::string_view text) {

@@ -37,6 +37,8 @@ public:
     std::string take(const std::string& what);
     // Takes the next word as a whole number from lo to hi.
     long number(const std::string& what, long lo, long hi);
+    // Takes the next word as a decimal fraction from 0 to 1 ("0.25", "1").
+    double fraction(const std::string& what);
     // CommandError when words are left over.
     void end() const;
     // Everything said so far, for messages ("level iris").
@@ -49,6 +51,10 @@ private:
 
 // A whole number in decimal, with an optional sign; nothing when the text is not one.
 std::optional<long> wholeNumber(std::string_view text);
+
+// A value as one word of a reply or pushed line: in double quotes when it is empty or holds
+// a blank, so that a client splits every line as splitWords() does.
+std::string quoteWord(std::string_view text);
 
 // Lower-case ASCII copy (names are matched without regard to case).
 std::string lower(std::string_view text);

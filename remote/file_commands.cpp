@@ -12,13 +12,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path allowedPath(const RemoteAccess& access, const std::string& name) {
+fs::path allowedPath(const RemoteAccess& access, const std::string& name, bool saving = false) {
     if (!access.fileFolder) throw CommandError("file commands are off: no folder was allowed for them");
     std::error_code ec;
     const fs::path folder = fs::weakly_canonical(*access.fileFolder, ec);
     if (ec) throw CommandError("the allowed folder cannot be read");
     fs::path path = fs::path(name);
     if (path.is_relative()) path = folder / path;
+    // A save replaces the file named, never the one a link of that name points to.
+    if (saving && fs::is_symlink(fs::symlink_status(path, ec)))
+        throw CommandError(name + " is a symbolic link: not saved");
     path = fs::weakly_canonical(path, ec);
     if (ec) throw CommandError("no such path: " + name);
     const fs::path inside = path.lexically_relative(folder);
@@ -71,7 +74,7 @@ void addFileCommands(CommandSet& commands) {
             if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
             return std::string();
         }
-        const fs::path path = allowedPath(c->access(), w.take("file"));
+        const fs::path path = allowedPath(c->access(), w.take("file"), true);
         w.end();
         const auto before = modified(path);
         c->dialogs().answerNextSave(path.string());

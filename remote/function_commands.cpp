@@ -93,11 +93,15 @@ void addFunctionCommands(CommandSet& commands) {
         const ItemRef ref = takeItem(s, w);
         const FunctionItem it = s.item(ref.function, ref.item);
         const std::optional<std::string> held = s.storedValue(ref.function, it);
+        const std::string title = s.functionTitles().at(static_cast<std::size_t>(ref.function - 1));
+        const std::string control = "function " + lower(title) + "/" + lower(it.name());
         int choice = 0;
         long value = 0;
         if (it.kind() == 'A') {
-            const auto now = hexNumber(held.value_or(std::string()));
-            value = analogValue(it, now ? static_cast<long>(*now) : it.range().min, w);
+            const auto stored = hexNumber(held.value_or(std::string()));
+            long now = stored ? static_cast<long>(*stored) : it.range().min;
+            if (c->faders().busy(control)) now = c->faders().latest(control).value_or(now);  // an encoder's next step
+            value = analogValue(it, now, w);
         } else if (it.kind() == 'M' || it.kind() == 'S' || it.kind() == 'T') {
             choice = namedValue(it, w.take("value"));
         } else {
@@ -105,8 +109,9 @@ void addFunctionCommands(CommandSet& commands) {
         }
         w.end();
         if (choice > 0) return c->perform(a.chooseFunctionValue(ref.function, ref.item, choice));
-        return c->perform(a.setFunctionValue(ref.function, ref.item, value));
-    }});
+        c->paced(control, value, [&a, ref](long v) { return a.setFunctionValue(ref.function, ref.item, v); });
+        return std::string();
+    }, true});
 
     // "get function TITLE ITEM"; "get function" and "get function item N" are the shown page.
     commands.addGet("function", [&s](Words& w) -> std::optional<std::string> {
@@ -117,7 +122,7 @@ void addFunctionCommands(CommandSet& commands) {
         const FunctionItem it = s.item(ref.function, ref.item);
         const std::string value = it.kind() == 'T' ? "(action)" : s.valueText(it, s.storedValue(ref.function, it).value_or(""));
         const std::string title = s.functionTitles().at(static_cast<std::size_t>(ref.function - 1));
-        return "function " + quoted(title) + " " + quoted(it.name()) + " " + value;
+        return "function " + quoted(title) + " " + quoted(it.name()) + " " + quoteWord(value);
     });
 
     commands.watch([](const StationReadout& station, StateList& out) {

@@ -35,7 +35,7 @@ void addLineState(CommandSet& commands) {
         const auto now = s.now();
         std::string all = "answers";
         for (int camera = 1; camera <= 8; ++camera)
-            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + answerWords(s.answer(camera, now));
+            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + quoteWord(answerWords(s.answer(camera, now)));
         return all;
     });
 }

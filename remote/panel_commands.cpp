@@ -2,6 +2,7 @@
 // of the matching gesture on the main window; the action refuses what the window would not
 // let the operator do (a greyed control), the words refuse a value the control does not have.
 #include <algorithm>
+#include <cmath>
 
 #include "remote/command_set.hpp"
 
@@ -92,21 +93,29 @@ void addPanelCommands(CommandSet& commands) {
         return c->perform(a.chooseGainStep(index));
     }});
 
-    commands.add({"level", "level mblk|iris|detail|rgain|bgain|rblk|bblk VALUE | level NAME step N", true,
-                  [c, &a, &view](Words& w) {
+    commands.add({"level", "level mblk|iris|detail|rgain|bgain|rblk|bblk VALUE | level NAME step N | level NAME norm 0..1",
+                  true, [c, &a, &view](Words& w) {
         const LevelControl& level = named(kLevels, w.take("level name"), "level");
+        const std::string control = std::string("level ") + level.name;
         const StationReadout::Range bar = view.levelRange(level.level);
         long target = 0;
         if (lower(w.peek()) == "step") {
             w.take("step");
             // A surface's encoder steps past the ends without complaint: the bar stops there.
-            target = std::clamp(bar.value + w.number("step", -32768, 32767), bar.lo, bar.hi);
+            // While a value of the fader is kept, the step is from that value.
+            const long from = c->faders().busy(control) ? c->faders().latest(control).value_or(bar.value) : bar.value;
+            target = std::clamp(from + w.number("step", -32768, 32767), bar.lo, bar.hi);
+        } else if (lower(w.peek()) == "norm") {
+            w.take("norm");
+            target = bar.lo + std::lround(w.fraction("norm") * static_cast<double>(bar.hi - bar.lo));
         } else {
             target = w.number("level", bar.lo, bar.hi);
         }
         w.end();
-        return c->perform(a.setLevel(level.level, static_cast<int>(target)));
-    }});
+        const Level which = level.level;
+        c->paced(control, target, [&a, which](long v) { return a.setLevel(which, static_cast<int>(v)); });
+        return std::string();
+    }, true});
 
     commands.add({"filter", "filter up|down", true, [c, &a](Words& w) {
         const std::string way = choice(w, "direction", {"up", "down"});
@@ -149,11 +158,11 @@ void addPanelCommands(CommandSet& commands) {
         while (!w.done()) key += (key.empty() ? "" : " ") + lower(w.take("name"));
         if (key.empty()) {
             std::string all;
-            for (const StateItem& item : items) all += (all.empty() ? "" : "; ") + item.key + " " + item.value;
+            for (const StateItem& item : items) all += (all.empty() ? "" : "; ") + item.key + " " + quoteWord(item.value);
             return all;
         }
         for (const StateItem& item : items)
-            if (item.key == key) return item.key + " " + item.value;
+            if (item.key == key) return item.key + " " + quoteWord(item.value);
         throw CommandError("nothing called \"" + key + "\" to get");
     }});
 }

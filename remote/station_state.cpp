@@ -28,11 +28,18 @@ StateList StateWatch::current() const {
     return list;
 }
 
-StateList StateWatch::changes() {
+StateList StateWatch::changes(const std::function<bool(const StateItem&)>& show) {
     StateList now = current();
     StateList changed;
-    for (std::size_t i = 0; i < now.size(); ++i)
-        if (i >= last_.size() || !(now[i] == last_[i])) changed.push_back(now[i]);
+    for (std::size_t i = 0; i < now.size(); ++i) {
+        const bool known = i < last_.size() && last_[i].key == now[i].key;
+        if (known && now[i] == last_[i]) continue;
+        if (known && show && !show(now[i])) {
+            now[i] = last_[i];
+            continue;
+        }
+        changed.push_back(now[i]);
+    }
     last_ = std::move(now);
     return changed;
 }

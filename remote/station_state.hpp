@@ -33,8 +33,9 @@ public:
     void addSource(Source source);
 
     StateList current() const;
-    // The items whose value differs from the last call (every item on the first call).
-    StateList changes();
+    // The items whose value differs from the last call (every item on the first call). An
+    // item `show` turns down is not reported and stays due: it is reported once it is shown.
+    StateList changes(const std::function<bool(const StateItem&)>& show = {});
 
 private:
     const StationReadout& station_;

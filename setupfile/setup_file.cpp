@@ -54,14 +54,19 @@ void SetupFile::CsdOpen() {
 }
 
 void SetupFile::CsdLoad() {
+    // What an interrupted save of this file left beside it goes, whether or not the file
+    // was used before.
+    removeStaleSaving(writer_, FileName);
     const auto text = readTextFile(FileName);
     if (!text) return;
     try {
         loadText(*text);
-    } catch (const RuntimeError&) {
-        // What was read stays; the rest of the file is not read.
+    } catch (const RuntimeError& e) {
+        // What was read stays; the rest of the file is not read. No box: a word in passing.
+        tellLoad(&e);
         return;
     }
+    tellLoad(nullptr);
     if (FileUsed) FileUsed(FileName);
 }
 

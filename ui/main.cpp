@@ -28,6 +28,7 @@
 #include "ui/start/remembered_session.hpp"
 #include "ui/remote/remote_control.hpp"
 #include "ui/remote/remote_menu.hpp"
+#include "ui/remote/remembered_remote.hpp"
 #include "ui/start/remembered_port.hpp"
 #include "ui/main/station_view.hpp"
 
@@ -53,7 +54,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     std::string remoteError;
-    const RemoteSettings optionSettings = station::ui::remoteSettings(options.remote, remoteError);
+    RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
     if (!options.error.empty() || !remoteError.empty()) {
         std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
                   << programHelp();
@@ -116,8 +117,10 @@ int main(int argc, char** argv) {
         if (!logFile) return startFailed("cannot open the log file " + options.logFile->string());
         station.line.log.sink = [&logFile](const std::string& entry) { logFile << entry << std::endl; };
     }
-    const std::function<void()> beforePoll = [&line, &station] {
+    std::function<void()> remoteBeforePoll;  // set once remote control exists
+    const std::function<void()> beforePoll = [&line, &station, &remoteBeforePoll] {
         if (line && station.line.choice().simulated) line->advance();
+        if (remoteBeforePoll) remoteBeforePoll();
     };
     StationView view(station, modal, beforePoll);
     view.onEnded = [] { QCoreApplication::quit(); };
@@ -141,16 +144,18 @@ int main(int argc, char** argv) {
     view.refresh();
     if (station.ended()) return 0;
 
-    // Options on the command line win; else remote control as the last run left it.
-    const RemoteSettings remoteSettings = options.remote.enabled || options.noRestore
-                                              ? optionSettings
-                                              : restoredRemote(remembered.remote(), optionSettings);
+    // Without remote-control options (and unless told to start clean) the station comes up
+    // as the operator last left it.
+    if (!options.remote.enabled && !options.noRestore) remoteSettings = rememberedRemote(settings, remoteSettings);
     RemoteControl remote(station, dialogs, remoteSettings, [&view] { view.refresh(); },
                          {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &messages});
-    remote.switched = [&remembered, &remote](bool on) { remembered.setRemote(rememberedRemote(remote.settings(), on)); };
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
-    installRemoteMenu(view.mainWindow(), remote);
+    // On by the command line is on, too: the next start without options comes back to it.
+    else if (options.remote.enabled) rememberRemote(settings, remote.settings(), true);
+    remoteBeforePoll = [&remote] { remote.beforePoll(); };
+    installRemoteMenu(view.mainWindow(), remote,
+                      [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); });
     const int status = app.exec();
     port.close();  // released now, its lock file with it, whatever ended the program
     return status;

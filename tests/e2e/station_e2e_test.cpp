@@ -119,7 +119,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     Line remote(tcp, 10s);
     ASSERT_TRUE(remote.connected());
     // No box waits for an operator: every command is answered, the line says why it is idle.
-    EXPECT_EQ(remote.ask("get line").rfind("OK line not connected (cannot open " + device.string(), 0), 0u);
+    EXPECT_EQ(remote.ask("get line").rfind("OK line \"not connected (cannot open " + device.string(), 0), 0u);
     const auto firstAnswer = Clock::now() - started;
     std::cerr << "first TCP answer " << std::chrono::duration_cast<std::chrono::milliseconds>(firstAnswer).count()
               << " ms after the start\n";

@@ -7,6 +7,7 @@
 #include <functional>
 
 #include "common/runtime_error.hpp"
+#include "remote/command_words.hpp"
 #include "tests/remote/remote_rig.hpp"
 
 namespace station {
@@ -212,20 +213,89 @@ TEST(Remote, PushesFunctionLineAnswers) {
     EXPECT_NE(std::find(page.begin(), page.end(), remote::StateItem{"function item 1", "Gamma Mode: CINE"}), page.end());
     EXPECT_EQ(rig.commands.execute("get function gamma \"gamma mode\""), "OK function Gamma \"Gamma Mode\" CINE");
     EXPECT_EQ(rig.commands.execute("get function"), "OK function Gamma");
-    EXPECT_EQ(rig.commands.execute("get function item 2"), "OK function item 2 " + rig.station.form2.List2.list(1));
+    EXPECT_EQ(rig.commands.execute("get function item 2"), "OK function item 2 \"" + rig.station.form2.List2.list(1) + "\"");
 
     rig.run(40);
     rig.port.arrive(testing::wire("06"));  // camera 3 acknowledges the item
     rig.run(40);
     EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"answer 3", "answering"}}));
     EXPECT_EQ(rig.commands.execute("get answers"),
-              "OK answers 1 not heard; 2 not heard; 3 answering; 4 not heard; 5 not heard; 6 not heard; "
-              "7 not heard; 8 not heard");
+              "OK answers 1 \"not heard\"; 2 \"not heard\"; 3 answering; 4 \"not heard\"; 5 \"not heard\"; "
+              "6 \"not heard\"; 7 \"not heard\"; 8 \"not heard\"");
     rig.port.hungUp = true;
     rig.run(200);
     EXPECT_EQ(rig.commands.changes().front(), (remote::StateItem{"line", rig.station.line.stateText()}));
-    EXPECT_EQ(rig.commands.execute("get line"), "OK line " + rig.station.line.stateText());
+    EXPECT_EQ(rig.commands.execute("get line"), "OK line \"" + rig.station.line.stateText() + "\"");
     EXPECT_EQ(rig.station.line.stateText().rfind("lost (", 0), 0u);
+}
+
+// A script splits every reply as the command line is split: the name's words, then the value
+// as one word (quoted when it holds blanks or is empty); help is one command a line.
+TEST(Remote, RepliesSplitIntoWords) {
+    RemoteRig rig;
+    rig.commands.execute("camera 3");
+    rig.commands.execute("function Gamma \"Gamma Mode\" cine");
+    rig.station.setupFile.FileName = "/shows/show one.csd";
+    std::vector<remote::StateItem> items = rig.commands.state();
+    items.push_back({"file", rig.station.setupFile.FileName});
+    int withBlanks = 0;
+    for (const remote::StateItem& item : items) {
+        const std::string reply = rig.commands.execute("get " + item.key);
+        std::vector<std::string> words = remote::splitWords(reply);
+        const std::vector<std::string> key = remote::splitWords(item.key);
+        ASSERT_EQ(words.size(), key.size() + 2) << reply;
+        EXPECT_EQ(words.front(), "OK");
+        EXPECT_TRUE(std::equal(key.begin(), key.end(), words.begin() + 1)) << reply;
+        EXPECT_EQ(words.back(), item.value) << reply;
+        withBlanks += item.value.find(' ') != std::string::npos;
+    }
+    EXPECT_GT(withBlanks, 3);
+    const std::string help = rig.commands.execute("help");
+    std::vector<std::string> lines{""};
+    for (const char c : help) {
+        if (c == '\n') lines.emplace_back();
+        else lines.back().push_back(c);
+    }
+    ASSERT_EQ(lines.size(), rig.commands.usage().size() + 2) << help;  // OK, the commands, the blank line's start
+    EXPECT_EQ(lines.front(), "OK");
+    EXPECT_EQ(lines[1], "auto white|black");
+    EXPECT_EQ(lines.back(), "");  // the transport's line end makes the blank line
+    EXPECT_TRUE(std::none_of(lines.begin() + 1, lines.end() - 1, [](const std::string& l) { return l.empty(); }));
+}
+
+// A fader's position as a fraction of the level's range.
+TEST(Remote, LevelAsFractionOfItsRange) {
+    RemoteRig rig;
+    const std::pair<const char*, int> cases[] = {{"0", -128}, {"1", 127}, {"0.5", 0}, {"0.25", -64}, {"1.0", 127}};
+    for (const auto& [fraction, level] : cases) {
+        EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + fraction), "OK");
+        EXPECT_EQ(rig.station.form1.VrMblk.value(), level) << fraction;
+        rig.takeQueued();  // the frame leaves, as on a line that answers
+    }
+    for (const char* bad : {"1.5", "-0.1", "x", "nan", ""})
+        EXPECT_EQ(rig.commands.execute(std::string("level mblk norm ") + bad).rfind("ERR ", 0), 0u) << bad;
+}
+
+// An encoder on a function level: while its frame waits, steps add up on the kept value and
+// one frame goes when the first has gone, ending where unpaced steps end.
+TEST(Remote, FunctionLevelStepsArePaced) {
+    RemoteRig paced, plain;
+    for (RemoteRig* rig : {&paced, &plain}) {
+        EXPECT_EQ(rig->commands.execute("camera 3"), "OK");
+        EXPECT_EQ(rig->commands.execute("function Knee \"Knee Point\" 0x80"), "OK");
+        rig->takeQueued();
+    }
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(paced.commands.execute("function Knee \"Knee Point\" step 1"), "OK");
+        EXPECT_EQ(plain.commands.execute("function Knee \"Knee Point\" step 1"), "OK");
+        plain.takeQueued();
+    }
+    EXPECT_EQ(paced.takeQueued().size(), 1u);  // the first step; the rest is kept
+    paced.commands.beforePoll();
+    EXPECT_EQ(paced.takeQueued().size(), 1u);
+    const std::string get = "get function Knee \"Knee Point\"";
+    EXPECT_EQ(paced.commands.execute(get), plain.commands.execute(get));
+    EXPECT_NE(paced.commands.execute(get), "OK function Knee \"Knee Point\" 80");
 }
 
 TEST(Remote, FilesInAllowedFolder) {
@@ -241,6 +311,42 @@ TEST(Remote, FilesInAllowedFolder) {
     EXPECT_EQ(rig.commands.execute("get level mblk"), "OK level mblk 3");
     EXPECT_EQ(rig.commands.execute("open missing.csd").rfind("ERR no such file", 0), 0u);
     EXPECT_TRUE(rig.fake.calls.empty());  // no dialog was ever shown
+}
+
+// A save names a file, never what a link planted under its name or its backup's points to.
+TEST(Remote, SaveRefusesLinks) {
+    namespace fs = std::filesystem;
+    RemoteRig rig;
+    testing::TempFolder outside;
+    const auto victim = outside.write("victim.csd", "outside");
+    fs::create_symlink(victim, rig.folder / "linked.csd");
+    EXPECT_EQ(rig.commands.execute("save linked.csd"), "ERR linked.csd is a symbolic link: not saved");
+
+    EXPECT_EQ(rig.commands.execute("save show.csd"), "OK");
+
+    // The open file became a link since, even to a file inside: the station refuses and says why.
+    const auto other = rig.folder.write("other.csd", "other");
+    fs::remove(rig.folder / "show.csd");
+    fs::create_symlink(other, rig.folder / "show.csd");
+    // The station's words are the client's reply, not a box on the operator's screen.
+    const std::string reply = rig.commands.execute("save");
+    EXPECT_EQ(reply.rfind("ERR ", 0), 0u) << reply;
+    EXPECT_NE(reply.find("show.csd is a symbolic link"), std::string::npos) << reply;
+    EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_EQ(testing::readBytes(other), "other");
+    EXPECT_EQ(testing::readBytes(victim), "outside");
+}
+
+// Only well-formed UTF-8 is a text line: no surrogate halves, no overlong forms, nothing
+// above U+10FFFF, no sequence cut short.
+TEST(Remote, Utf8Lines) {
+    for (const char* good : {"\xC3\xA9", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+                             "\xF4\x8F\xBF\xBF", "\xE0\xA0\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + good), std::nullopt) << good;
+    for (const char* bad : {"\xED\xA0\x80", "\xED\xBF\xBF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xC0\xAF", "\xC1\xBF",
+                            "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
+                            "\xE2\x82", "\xC3(", "\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + bad), "not a text line (not UTF-8)") << bad;
 }
 
 // Whatever a command raises, it ends with an answer and the next command works.
@@ -271,7 +377,7 @@ TEST(Remote, WhileABoxIsUp) {
     box = "No Acknowledge";
     EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"box", "No Acknowledge"}}));
     EXPECT_EQ(rig.commands.execute("get line"), "OK line connected");
-    EXPECT_EQ(rig.commands.execute("help").rfind("OK ", 0), 0u);
+    EXPECT_EQ(rig.commands.execute("help").rfind("OK", 0), 0u);
     for (const char* acting : {"camera 2", "level iris 5", "open studio.csd", "mode bar 1"})
         EXPECT_EQ(rig.commands.execute(acting), "ERR box: No Acknowledge") << acting;
     EXPECT_TRUE(rig.takeQueued().empty());

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Installs the build into a temporary prefix and checks what a Linux desktop and an operator
-# find there: the three programs, the menu entry, the icon, the manual pages and the samples;
+# find there: the three programs, the menu entry, the icon, the manual pages (each listing
+# every option its program's --help lists), the remote-control guide and the samples;
 # --version without a display; and the installed station, started from another folder on
 # the offscreen platform, reading its camera types from the installed samples.
 set -euo pipefail
@@ -17,7 +18,8 @@ for f in bin/corvane-station bin/camera-sim bin/corvane-ctl share/man/man1/corva
          share/applications/corvane-station.desktop \
          share/icons/hicolor/scalable/apps/corvane-station.svg \
          share/man/man1/corvane-station.1 share/man/man1/camera-sim.1 \
-         share/corvane-station/studio.csd share/corvane-station/st1.fcl; do
+         share/corvane-station/studio.csd share/corvane-station/st1.fcl \
+         share/doc/corvane-station/remote-control.md; do
   [ -s "$prefix/$f" ] || fail "$f is not installed"
 done
 grep -qx 'Exec=corvane-station' "$prefix/share/applications/corvane-station.desktop" || fail "desktop entry"
@@ -27,6 +29,17 @@ nodisplay=(env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM)
 [ "$("${nodisplay[@]}" "$prefix/bin/corvane-station" --version)" = "corvane-station $version" ] || fail "--version"
 [ "$("${nodisplay[@]}" "$prefix/bin/camera-sim" --version)" = "camera-sim $version" ] || fail "camera-sim --version"
 [ "$("$prefix/bin/corvane-ctl" --version)" = "corvane-ctl $version" ] || fail "corvane-ctl --version"
+
+for program in corvane-station camera-sim corvane-ctl; do
+  page=$prefix/share/man/man1/$program.1
+  options=$("${nodisplay[@]}" "$prefix/bin/$program" --help | grep -o -- '--[a-z][a-z-]*' | sort -u)
+  [ -n "$options" ] || fail "$program --help lists no options"
+  for option in $options; do
+    grep -qF -- "${option//-/\\-}" "$page" || fail "$program.1 does not list $option"
+  done
+done
+"${nodisplay[@]}" "$prefix/bin/corvane-station" --help | grep -qF "share/doc/corvane-station/remote-control.md" \
+  || fail "corvane-station --help does not name the installed remote-control guide"
 
 mkdir "$tmp/elsewhere" "$tmp/config"
 cd "$tmp/elsewhere"

@@ -1,7 +1,11 @@
 // Control from outside over real sockets on the loopback address: TCP lines and OSC
 // datagrams into a station on a fake port, the replies, the pushed state, and what a
 // client cannot do.
+#include <QLabel>
+#include <QMainWindow>
+#include <QSettings>
 #include <QTcpSocket>
+#include <QTemporaryDir>
 #include <QUdpSocket>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -14,18 +18,22 @@
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
 #include "ui/platform/qt_messages.hpp"
+#include "tests/support/studio_line_rig.hpp"
+#include "ui/remote/remembered_remote.hpp"
 #include "ui/remote/remote_control.hpp"
+#include "ui/remote/remote_menu.hpp"
 
 using namespace station;
 using namespace station::ui;
+using namespace std::chrono_literals;
 
 namespace {
 
 using station::testing::NoDialogs;
 
 struct Rig {
-    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost), TcpLimits limits = {})
-        : settings{true, address, 0, 0, {}, limits} {
+    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost), quint16 tcpPort = 0, TcpLimits limits = {})
+        : settings{true, address, tcpPort, 0, {}, limits} {
         station.Form_Load();
         dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
         station.OPEN_Click();
@@ -94,6 +102,29 @@ struct Client {
     QStringList replyLines;
 };
 
+// An OSC client on its own UDP port that collects what it receives as text.
+struct Surface {
+    explicit Surface(quint16 stationPort) : station(stationPort) { socket.bind(QHostAddress::LocalHost, 0); }
+    void send(const remote::Packet& p) {
+        socket.writeDatagram(reinterpret_cast<const char*>(p.data()), static_cast<qint64>(p.size()), QHostAddress::LocalHost,
+                             station);
+    }
+    QStringList receive(int count) {
+        (void)QTest::qWaitFor([&] {
+            while (socket.hasPendingDatagrams()) {
+                QByteArray d(static_cast<int>(socket.pendingDatagramSize()), '\0');
+                socket.readDatagram(d.data(), d.size());
+                got << QString::fromStdString(remote::describeOsc(remote::Packet(d.begin(), d.end())).value_or("(not OSC)"));
+            }
+            return got.size() >= count;
+        }, 3000);
+        return got;
+    }
+    quint16 station;
+    QUdpSocket socket;
+    QStringList got;
+};
+
 }  // namespace
 
 class RemoteTest : public QObject {
@@ -113,17 +144,6 @@ private slots:
         QCOMPARE(remoteSettings(parseProgramOptions({"--remote-idle", "5"}).remote, error).tcp.idle,
                  std::chrono::milliseconds(5000));
 
-        // Remote control comes back as the last run left it, on its address and ports.
-        RemoteSettings defaults;
-        defaults.tcp.idle = std::chrono::seconds(7);
-        QVERIFY(!restoredRemote(RememberedRemote{}, defaults).enabled);
-        const RememberedRemote last{true, "0.0.0.0", 6000, 6001, "/srv/studio"};
-        const RemoteSettings back = restoredRemote(last, defaults);
-        QVERIFY(back.enabled && back.address == QHostAddress(QStringLiteral("0.0.0.0")) && back.tcpPort == 6000 &&
-                back.oscPort == 6001 && back.fileFolder == std::filesystem::path("/srv/studio"));
-        QCOMPARE(back.tcp.idle, std::chrono::milliseconds(7000));
-        QCOMPARE(rememberedRemote(back, false), (RememberedRemote{false, "0.0.0.0", 6000, 6001, "/srv/studio"}));
-
         Rig local;
         QVERIFY(!local.remote.enabled() && local.remote.status().isEmpty());
         QVERIFY(local.remote.setEnabled(true));
@@ -131,6 +151,44 @@ private slots:
         Rig open(QHostAddress(QStringLiteral("0.0.0.0")));
         QVERIFY(open.remote.setEnabled(true));
         QVERIFY(open.remote.status().endsWith(QStringLiteral("(open to the network)")));
+    }
+
+    void theOperatorsSwitchIsRememberedAndShown() {
+        QTemporaryDir dir;
+        QSettings store(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
+        QVERIFY(!rememberedRemote(store, RemoteSettings{}).enabled);  // nothing remembered: off
+        rememberRemote(store, {true, QHostAddress(QStringLiteral("0.0.0.0")), 6000, 6001, {}, {}}, true);
+        RemoteSettings back = rememberedRemote(store, RemoteSettings{});
+        QVERIFY(back.enabled && back.address == QHostAddress(QStringLiteral("0.0.0.0")));
+        QCOMPARE(back.tcpPort, quint16(6000));
+        QCOMPARE(back.oscPort, quint16(6001));
+        store.setValue(QStringLiteral("remote/address"), QStringLiteral("studio"));  // damaged by hand
+        store.setValue(QStringLiteral("remote/tcpPort"), 70000);
+        store.setValue(QStringLiteral("remote/oscPort"), QStringLiteral("x"));
+        back = rememberedRemote(store, RemoteSettings{});
+        QVERIFY(back.enabled && back.address == QHostAddress(QHostAddress::LocalHost));
+        QCOMPARE(back.tcpPort, quint16(5250));
+        QCOMPARE(back.oscPort, quint16(5251));
+
+        Rig rig;
+        QMainWindow window;
+        std::vector<bool> told;
+        installRemoteMenu(window, rig.remote, [&told](bool on) { told.push_back(on); });
+        auto* entry = window.findChild<QAction*>(QStringLiteral("remoteControl"));
+        auto* note = window.findChild<QLabel*>(QStringLiteral("remoteStatus"));
+        QVERIFY(entry && note && !entry->isChecked() && note->isHidden());
+        entry->trigger();
+        QVERIFY(entry->isChecked() && !note->isHidden());
+        QVERIFY(note->text().startsWith(QStringLiteral("Remote control: TCP 127.0.0.1:")));
+        entry->trigger();
+        QCOMPARE(told, (std::vector<bool>{true, false}));
+        QVERIFY(note->isHidden());
+
+        // A port another program holds: not started, and the status bar says why.
+        QVERIFY(rig.remote.setEnabled(true));
+        Rig second(QHostAddress(QHostAddress::LocalHost), rig.remote.tcp().port());
+        QVERIFY(!second.remote.setEnabled(true));
+        QVERIFY(second.remote.status().startsWith(QStringLiteral("Remote control could not start: TCP port ")));
     }
 
     void commandsAreAnsweredAndEveryClientSeesTheChanges() {
@@ -146,6 +204,57 @@ private slots:
 
         rig.station.form1.VrDtl.setValue(5);  // the operator's own gesture reaches the clients too
         QCOMPARE(b.lines(3).last(), QStringLiteral("EV level detail 5"));
+        a.send("auto white\n");  // a value with blanks comes as one quoted word
+        QVERIFY(a.lines(8).contains(QStringLiteral("EV auto \"AUTO WHITE: Now doing\"")));
+    }
+
+    // One fader through TCP, another through OSC, on the in-process camera line in
+    // simulated time: the cameras end where the hands stopped, the frames went out in order,
+    // and what each client was pushed never ran backwards.
+    void fadersThroughTcpAndOscOnTheLine() {
+        RemoteControl* remote = nullptr;
+        testing::StudioLineRig line([&remote] {
+            if (remote) remote->beforePoll();
+        });
+        RemoteControl control(line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}},
+                              [] {});
+        remote = &control;
+        QVERIFY(control.setEnabled(true));
+        Client tcp(control.tcp().port());
+        Surface osc(control.osc().port());
+        osc.send(remote::encodeArgs("/register", {}));
+        QCOMPARE(osc.receive(1), QStringList{"/reply OK"});
+        QTRY_COMPARE(control.tcp().clientCount(), 1);
+        int replies = 0;
+        for (int i = 0; i < 200; ++i) {  // 2 s at 100 updates a second
+            tcp.send("level mblk " + QByteArray::number(i / 2) + "\n");
+            osc.send(remote::encodeArgs("/level/rgain", {static_cast<float>(i) * 0.5f + 0.2f}));
+            QCOMPARE(tcp.replies(++replies).last(), QStringLiteral("OK"));
+            QTRY_VERIFY(osc.receive(0).count(QStringLiteral("/reply OK")) == i + 2);
+            line.ticks.run(10ms);
+            control.push();
+        }
+        line.ticks.run(1s);
+        control.push();
+        const auto level = [&line](std::uint8_t address) { return static_cast<std::int8_t>(line.line.camera(1)->level(address)); };
+        QCOMPARE(level(0x2B), 99);
+        QCOMPARE(level(0x18), 100);
+        std::vector<int> mblk, rgain;
+        const auto collect = [&] {
+            mblk.clear();
+            rgain.clear();
+            for (const QString& l : tcp.lines(0))
+                if (l.startsWith(QStringLiteral("EV level mblk "))) mblk.push_back(l.mid(14).toInt());
+            for (const QString& l : osc.receive(0))
+                if (l.startsWith(QStringLiteral("/level/rgain "))) rgain.push_back(l.mid(13).toInt());
+            return !mblk.empty() && mblk.back() == 99 && !rgain.empty() && rgain.back() == 100;
+        };
+        QTRY_VERIFY(collect());
+        QVERIFY(std::is_sorted(mblk.begin(), mblk.end()));
+        QVERIFY(std::is_sorted(rgain.begin(), rgain.end()));
+        int frames = 0;
+        for (const std::string& f : line.stationFrames()) frames += f.find("302B") != std::string::npos;
+        QVERIFY2(frames < 80, qPrintable(QString::number(frames)));  // about one a poll, not one an update
     }
 
     void badInputGetsAnErrOrTheClientIsClosed() {
@@ -157,13 +266,20 @@ private slots:
         QCOMPARE(c.lines(3), (QStringList{"ERR line too long (over 1024 bytes)", "ERR not a text line (control byte)",
                                           "OK camera 1"}));
 
-        // A flood is answered line by line, and the queue is never filled past the limit.
-        QByteArray flood;
-        for (int i = 0; i < 10000; ++i) flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
+        // A flood of one fader is answered line by line and keeps one frame waiting; a flood of
+        // mode commands (never merged) is refused once the queue is past the limit.
+        QByteArray flood, modes;
+        for (int i = 0; i < 10000; ++i) {
+            flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
+            modes += i % 2 ? "mode bar 1\n" : "mode bar 0\n";
+        }
         Client f(port);
         f.send(flood);
-        const QStringList replies = f.replies(10000);
-        QCOMPARE(replies.size(), 10000);
+        QCOMPARE(f.replies(10000).count(QStringLiteral("OK")), 10000);
+        QCOMPARE(rig.station.link.queue().SendCnt(), 1);
+        f.send(modes);
+        const QStringList replies = f.replies(20000);
+        QCOMPARE(replies.size(), 20000);
         QVERIFY(replies.count(QStringLiteral("ERR queue full: 201 frames waiting, try again")) > 9000);
         QCOMPARE(rig.station.link.queue().SendCnt(), 201);
         QVERIFY(rig.messages.shown.empty());
@@ -194,7 +310,7 @@ private slots:
     }
 
     void clientsSilentPastTheIdleLimitAreClosed() {
-        Rig rig(QHostAddress(QHostAddress::LocalHost), TcpLimits{16, 256 * 1024, std::chrono::milliseconds(400)});
+        Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 256 * 1024, std::chrono::milliseconds(400)});
         QVERIFY(rig.remote.setEnabled(true));
         const quint16 port = rig.remote.tcp().port();
         Client silent(port);
@@ -231,7 +347,7 @@ private slots:
         // 100,000 pipelined commands, every one answered (REMOTE_PIPELINE=N for another count).
         const char* countText = std::getenv("REMOTE_PIPELINE");
         const int count = countText != nullptr ? std::max(1, std::atoi(countText)) : 100000;
-        Rig rig(QHostAddress(QHostAddress::LocalHost), TcpLimits{16, 4096, std::chrono::minutes(10)});
+        Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 4096, std::chrono::minutes(10)});
         QVERIFY(rig.remote.setEnabled(true));
         Client c(rig.remote.tcp().port());
         c.socket.setReadBufferSize(4096);  // it reads nothing at first
@@ -276,7 +392,7 @@ private slots:
         bool asked = false;
         QObject::connect(&c.socket, &QTcpSocket::readyRead, [&] {
             c.buffer += c.socket.readAll();
-            if (asked || !c.buffer.contains("EV box No Acknowledge\n")) return;
+            if (asked || !c.buffer.contains("EV box \"No Acknowledge\"\n")) return;
             asked = true;
             ackWhileUp = station.link.AckWait();
             queuedWhileUp = station.link.queue().SendCnt();
@@ -296,7 +412,7 @@ private slots:
         QTRY_VERIFY(c.buffer.contains("EV box closed\n"));
         const QStringList lines = QString::fromUtf8(c.buffer).split(QLatin1Char('\n'), Qt::SkipEmptyParts)
                                       .filter(QRegularExpression(QStringLiteral("^(OK|ERR|EV box)")));
-        QCOMPARE(lines, (QStringList{"EV box No Acknowledge", "OK line connected", "ERR box: No Acknowledge", "OK",
+        QCOMPARE(lines, (QStringList{"EV box \"No Acknowledge\"", "OK line connected", "ERR box: No Acknowledge", "OK",
                                      "EV box closed"}));
         QCOMPARE(modal.depth, 0);
     }
@@ -304,38 +420,54 @@ private slots:
     void oscCommandsAreAnsweredAndRegisteredClientsGetTheChanges() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));
-        QUdpSocket client;
-        QVERIFY(client.bind(QHostAddress::LocalHost, 0));
-        QStringList got;
-        auto send = [&](const remote::Packet& p) {
-            client.writeDatagram(reinterpret_cast<const char*>(p.data()), static_cast<qint64>(p.size()),
-                                 QHostAddress::LocalHost, rig.remote.osc().port());
-        };
-        auto receive = [&](int count) {
-            (void)QTest::qWaitFor([&] {
-                while (client.hasPendingDatagrams()) {
-                    QByteArray d(static_cast<int>(client.pendingDatagramSize()), '\0');
-                    client.readDatagram(d.data(), d.size());
-                    const auto text = remote::describeOsc(remote::Packet(d.begin(), d.end()));
-                    got << QString::fromStdString(text.value_or("(not OSC)"));
-                }
-                return got.size() >= count;
-            }, 3000);
-            return got;
-        };
-        send(remote::encodeMessage("/level/iris", {}, {12}));
-        QCOMPARE(receive(1), QStringList{"/reply OK"});  // not registered: no feedback
-        send(remote::encodeMessage("/register", {}));
-        send(remote::encodeMessage("/level/iris/step", {}, {}, {-2.4f}));
-        send(remote::encodeMessage("/auto", {"white"}));
-        QCOMPARE(receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/level/iris 10", "/reply OK",
-                                          "/auto AUTO WHITE: Now doing", "/auto/window on"}));
-        got.clear();
+        Surface client(rig.remote.osc().port());
+        client.send(remote::encodeMessage("/level/iris", {}, {12}));
+        QCOMPARE(client.receive(1), QStringList{"/reply OK"});  // not registered: no feedback
+        client.send(remote::encodeMessage("/register", {}));
+        client.send(remote::encodeMessage("/level/iris/step", {}, {}, {-2.4f}));
+        client.send(remote::encodeMessage("/auto", {"white"}));
+        // On the fake line 12's frame never leaves: the step waits, and goes in before the auto.
+        QCOMPARE(client.receive(7), (QStringList{"/reply OK", "/reply OK", "/reply OK", "/reply OK", "/level/iris 10",
+                                                 "/auto AUTO WHITE: Now doing", "/auto/window 1"}));
+        client.got.clear();
         const QByteArray junk("\x01\x02garbage", 9);
-        client.writeDatagram(junk, QHostAddress::LocalHost, rig.remote.osc().port());
-        send(remote::encodeMessage("/scene/recall", {}, {9}));
-        QCOMPARE(receive(2), (QStringList{"/reply ERR not an OSC message",
-                                          "/reply ERR scene must be a number from 1 to 4, not \"9\""}));
+        client.socket.writeDatagram(junk, QHostAddress::LocalHost, rig.remote.osc().port());
+        client.send(remote::encodeMessage("/scene/recall", {}, {9}));
+        QCOMPARE(client.receive(2), (QStringList{"/reply ERR not an OSC message",
+                                                 "/reply ERR scene must be a number from 1 to 4, not \"9\""}));
+    }
+
+    // A surface that sends from one port and listens on another; buttons pressed and let go.
+    void oscSurfaceListensOnARegisteredPortAndItsButtonsActOnPress() {
+        Rig rig;
+        QVERIFY(rig.remote.setEnabled(true));
+        Surface sender(rig.remote.osc().port());
+        Surface listener(rig.remote.osc().port());
+        const auto at = static_cast<std::int32_t>(listener.socket.localPort());
+        sender.send(remote::encodeArgs("/register", {static_cast<float>(at)}));
+        sender.send(remote::encodeArgs("/register", {std::string("127.0.0.1"), at}));  // the same receiver: once
+        QCOMPARE(listener.receive(2), (QStringList{"/reply OK", "/reply OK"}));
+        QCOMPARE(rig.remote.osc().clientCount(), 1);
+        QCOMPARE(sender.receive(2), (QStringList{"/reply OK", "/reply OK"}));
+        listener.got.clear();
+        sender.got.clear();
+
+        sender.send(remote::encodeArgs("/camera/2", {1.0f}));
+        sender.send(remote::encodeArgs("/camera/3", {0.0f}));  // a release: nothing done, nothing answered
+        sender.send(remote::encodeArgs("/call", {true}));
+        sender.send(remote::encodeArgs("/call", {false}));
+        QTRY_VERIFY(listener.receive(0).contains(QStringLiteral("/call 0")));
+        const QStringList heard = listener.got;
+        QCOMPARE(heard.filter(QStringLiteral("/reply")), (QStringList{"/reply OK", "/reply OK", "/reply OK"}));
+        QVERIFY(heard.contains(QStringLiteral("/camera 2")) && heard.contains(QStringLiteral("/call 1")));
+        QCOMPARE(rig.station.shared.CamNo, 2);
+        QTest::qWait(50);
+        QCOMPARE(sender.receive(0), (QStringList{"/reply OK", "/reply OK", "/reply OK"}));  // none for the release
+
+        sender.send(remote::encodeArgs("/unregister", {at}));
+        QTRY_COMPARE(rig.remote.osc().clientCount(), 0);
+        sender.send(remote::encodeArgs("/register", {std::string("studio"), 9000}));
+        QCOMPARE(sender.receive(5).last(), QStringLiteral("/reply ERR not an address: studio"));
     }
 };
 

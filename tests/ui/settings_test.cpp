@@ -19,7 +19,7 @@ using namespace station::ui;
 
 namespace {
 
-std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
+std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromUtf8(name)).toStdString(); }
 
 }  // namespace
 
@@ -32,15 +32,13 @@ private slots:
         QTemporaryDir dir;
         QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
         RememberedSettings remembered(qs);
-        const std::string studio = inDir(dir, "studio.csd");
+        const std::string studio = inDir(dir, "sp\u00e9cial.csd");  // named as the file system spells it
         QVERIFY(QFile::copy(QStringLiteral(STATION_SAMPLES_DIR "/studio.csd"), QString::fromStdString(studio)));
         std::ofstream(studio + ".tmp") << "cut short";
-        QVERIFY(!remembered.lastFile() && !remembered.remote().on);
-        remembered.fileUsed(inDir(dir, "gone.csd"));
+        QVERIFY(!remembered.lastFile());
+        remembered.fileUsed(inDir(dir, "g\u00f4ne.csd"));
         remembered.fileUsed(studio);
         QCOMPARE(remembered.lastFile(), std::optional<std::string>(studio));  // the session to come back to
-        remembered.setRemote({true, "127.0.0.1", 5250, 5251, {}});
-        QCOMPARE(RememberedSettings(qs).remote(), (RememberedRemote{true, "127.0.0.1", 5250, 5251, {}}));
 
         testing::FakePort port;
         testing::FakeMessages messages;
@@ -64,11 +62,11 @@ private slots:
             menu.actions()[0]->trigger();
             QCOMPARE(station.setupFile.FileName, studio);
             QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
-            QCOMPARE(view.mainWindow().windowTitle(), QStringLiteral("studio.csd - Camera Control"));
+            QCOMPARE(view.mainWindow().windowTitle(), QString::fromUtf8("sp\u00e9cial.csd - Camera Control"));
 
             menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
             QCOMPARE(station.setupFile.FileName, studio);
-            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QStringLiteral("gone.csd was not found")));
+            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
             QCOMPARE(remembered.recentFiles(), std::vector<std::string>{studio});
 
             view.mainWindow().setGeometry(40, 50, 900, 600);

@@ -14,23 +14,6 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     return out;
 }
 
-RemoteSettings restoredRemote(const RememberedRemote& last, RemoteSettings defaults) {
-    if (!last.on) return defaults;
-    RemoteSettings out = std::move(defaults);
-    out.enabled = true;
-    QHostAddress address;
-    if (address.setAddress(QString::fromStdString(last.address))) out.address = address;
-    if (last.tcpPort > 0 && last.tcpPort <= 65535) out.tcpPort = static_cast<quint16>(last.tcpPort);
-    if (last.oscPort > 0 && last.oscPort <= 65535) out.oscPort = static_cast<quint16>(last.oscPort);
-    if (!last.folder.empty()) out.fileFolder = std::filesystem::path(last.folder);
-    return out;
-}
-
-RememberedRemote rememberedRemote(const RemoteSettings& settings, bool on) {
-    return {on, settings.address.toString().toStdString(), settings.tcpPort, settings.oscPort,
-            settings.fileFolder ? settings.fileFolder->string() : std::string()};
-}
-
 RemoteControl::RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
                              std::function<void()> refresh, RemoteScreen screen)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
@@ -57,10 +40,7 @@ bool RemoteControl::setEnabled(bool on) {
     tcp_.close();
     osc_.close();
     pushTimer_.stop();
-    if (!on) {
-        if (switched) switched(false);
-        return true;
-    }
+    if (!on) return true;
     if (!tcp_.listen(settings_.address, settings_.tcpPort)) {
         error_ = QStringLiteral("TCP port %1: %2").arg(settings_.tcpPort).arg(tcp_.errorString());
         return false;
@@ -72,12 +52,11 @@ bool RemoteControl::setEnabled(bool on) {
     }
     commands_.changes();  // clients ask with "get" for the state as it is; pushes tell what changes
     pushTimer_.start();
-    if (switched) switched(true);
     return true;
 }
 
 QString RemoteControl::status() const {
-    if (!enabled()) return QString();
+    if (!enabled()) return error_.isEmpty() ? QString() : QStringLiteral("Remote control could not start: ") + error_;
     const QString where = settings_.address.toString();
     const QString text = QStringLiteral("Remote control: TCP %1:%2, OSC %1:%3").arg(where).arg(tcp_.port()).arg(osc_.port());
     if (settings_.address.isLoopback()) return text;
@@ -86,7 +65,7 @@ QString RemoteControl::status() const {
 
 void RemoteControl::push() {
     for (const remote::StateItem& item : commands_.changes()) {
-        tcp_.broadcast("EV " + item.key + " " + item.value);
+        tcp_.broadcast("EV " + item.key + " " + remote::quoteWord(item.value));
         osc_.broadcast(item);
     }
 }

@@ -18,7 +18,6 @@
 #include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "ui/start/program_options.hpp"
-#include "ui/start/remembered_settings.hpp"
 #include "ui/remote/remote_osc.hpp"
 #include "ui/remote/remote_tcp.hpp"
 
@@ -37,10 +36,6 @@ struct RemoteSettings {
 // the address is not one.
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
 
-// Remote control as the last run left it, on the defaults given (the idle limit stays).
-RemoteSettings restoredRemote(const RememberedRemote& last, RemoteSettings defaults);
-// What to remember of remote control, switched on or off.
-RememberedRemote rememberedRemote(const RemoteSettings& settings, bool on);
 
 // The operator's screen as remote control sees it: the text of the box up there, closing it
 // as its OK button does, and the station's messages held back while a command runs.
@@ -59,18 +54,19 @@ public:
     // Opens or closes both transports; false, with error(), when one could not be opened.
     bool setEnabled(bool on);
     bool enabled() const { return tcp_.isListening(); }
-    const RemoteSettings& settings() const { return settings_; }
-    // Runs after every successful switch, on or off (the program remembers it for next time).
-    std::function<void(bool on)> switched;
     QString error() const { return error_; }
-    // What the status bar says while it is on.
+    // What the status bar says: where it listens while it is on, why it is not when it could
+    // not start; nothing while it is off.
     QString status() const;
+    const RemoteSettings& settings() const { return settings_; }
 
     remote::CommandSet& commands() { return commands_; }
     RemoteTcpServer& tcp() { return tcp_; }
     RemoteOscServer& osc() { return osc_; }
     // Sends what changed to every client.
     void push();
+    // To run just before each poll of the line: a fader's newest value goes out in time for it.
+    void beforePoll() { commands_.beforePoll(); }
 
 private:
     RemoteSettings settings_;

@@ -22,7 +22,7 @@ QMenu* setupMenu(QMenuBar& bar) {
 
 }  // namespace
 
-void installRemoteMenu(QMainWindow& window, RemoteControl& remote) {
+void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched) {
     QMenu* menu = setupMenu(*window.menuBar());
     menu->addSeparator();
     auto* entry = menu->addAction(QStringLiteral("Remote control"));
@@ -35,9 +35,10 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote) {
     auto show = [entry, note, &remote] {
         entry->setChecked(remote.enabled());
         note->setText(remote.status());
-        note->setVisible(remote.enabled());
+        note->setVisible(!remote.status().isEmpty());
     };
-    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show](bool on) {
+    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
+        if (switched) switched(on);
         if (!remote.setEnabled(on))
             QMessageBox::warning(&window, QStringLiteral("Remote control"),
                                  QStringLiteral("Remote control could not start: ") + remote.error());

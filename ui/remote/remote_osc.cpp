@@ -4,6 +4,9 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <optional>
+
+#include "remote/command_words.hpp"
 
 namespace station::ui {
 
@@ -33,17 +36,39 @@ void RemoteOscServer::broadcast(const remote::StateItem& item) {
 
 std::string RemoteOscServer::command(const remote::OscCommand& message, const Peer& from) {
     if (!message.error.empty()) return "ERR " + message.error;
-    if (message.address == "/register") {
-        if (std::find(clients_.begin(), clients_.end(), from) != clients_.end()) return "OK";
-        if (clientCount() >= kMaxClients) return "ERR too many clients";
-        clients_.push_back(from);
+    std::optional<remote::OscReceiver> receiver;
+    try {
+        receiver = remote::receiverOf(message);
+    } catch (const remote::CommandError& e) {
+        return std::string("ERR ") + e.what();
+    }
+    if (!receiver) return handle_(message.text);
+    Peer peer = from;
+    if (!receiver->host.empty()) {
+        const QString host = QString::fromStdString(receiver->host);
+        peer.address = host.compare(QStringLiteral("localhost"), Qt::CaseInsensitive) == 0
+                           ? QHostAddress(QHostAddress::LocalHost)
+                           : QHostAddress(host);
+        if (peer.address.isNull()) return "ERR not an address: " + receiver->host;
+    }
+    if (receiver->port != 0) peer.port = static_cast<quint16>(receiver->port);
+    const auto found = std::find(clients_.begin(), clients_.end(), peer);
+    if (!receiver->add) {
+        if (found != clients_.end()) clients_.erase(found);
         return "OK";
     }
-    if (message.address == "/unregister") {
-        clients_.erase(std::remove(clients_.begin(), clients_.end(), from), clients_.end());
-        return "OK";
-    }
-    return handle_(message.text);
+    if (found != clients_.end()) return "OK";
+    if (clientCount() >= kMaxClients) return "ERR too many clients";
+    clients_.push_back(peer);
+    return "OK";
+}
+
+void RemoteOscServer::answer(const Peer& from, const std::string& reply) {
+    const remote::Packet packet = remote::encodeReply(reply);
+    send(from, packet);
+    // A surface that sends from one port and listens on another registered the other.
+    for (const Peer& peer : clients_)
+        if (peer.address == from.address && peer.port != from.port) send(peer, packet);
 }
 
 void RemoteOscServer::take() {
@@ -54,8 +79,9 @@ void RemoteOscServer::take() {
         const Peer from{datagram.senderAddress(), static_cast<quint16>(datagram.senderPort())};
         const remote::OscCommand message =
             remote::decodeOsc(reinterpret_cast<const std::uint8_t*>(data.constData()), static_cast<std::size_t>(data.size()));
+        if (message.ignored) continue;
         const std::string reply = command(message, from);
-        if (!reply.empty()) send(from, remote::encodeReply(reply));
+        if (!reply.empty()) answer(from, reply);
         if (afterCommand_) afterCommand_();
     }
     if (socket_.hasPendingDatagrams() && !scheduled_) {

@@ -1,7 +1,10 @@
 #pragma once
 // The remote command set over OSC on UDP. Each message is a command (see osc_codec.hpp)
-// answered to its sender with /reply. A client that sends /register gets every state
-// change as a message from then on (at most 16 clients; /unregister ends it).
+// answered to its sender with /reply; a button's release is neither carried out nor
+// answered. "/register" makes the sender a receiver of every state change from then on;
+// "/register P" the sender's host at port P, "/register HOST P" another host (at most 16
+// receivers, each counted once; "/unregister [HOST] [P]" ends it). A receiver on the
+// sender's host gets the sender's replies too.
 
 #include <QHostAddress>
 #include <QObject>
@@ -42,6 +45,7 @@ private:
     void take();
     std::string command(const remote::OscCommand& message, const Peer& from);
     void send(const Peer& to, const remote::Packet& packet);
+    void answer(const Peer& from, const std::string& reply);
 
     std::function<std::string(std::string_view)> handle_;
     std::function<void()> afterCommand_;

@@ -29,8 +29,8 @@ RememberedSession::RememberedSession(RememberedSettings& settings, StationView& 
     for (const std::string& file : settings.recentFiles()) removeStaleSaving(writer, file);
     station.setupFile.FileUsed = [&settings](const std::string& path) { settings.fileUsed(path); };
     QStatusBar* status = view.mainWindow().statusBar();
-    station.notice.shown = [status](const std::string& text) { status->showMessage(qs(text), 30'000); };
-    // A notice of the start-up (the device is missing) came before the window could show it.
+    station.notice.shown = [status](const std::string& text) { status->showMessage(fileText(text), 30'000); };
+    // A word raised at start-up, before there was a status bar to show it.
     if (!station.notice.last().empty()) station.notice.shown(station.notice.last());
 }
 

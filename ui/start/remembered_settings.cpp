@@ -46,24 +46,6 @@ std::optional<std::string> RememberedSettings::lastFile() const {
     return files.front();
 }
 
-RememberedRemote RememberedSettings::remote() const {
-    RememberedRemote r;
-    r.on = settings_.value(QStringLiteral("remote/on")).toBool();
-    r.address = settings_.value(QStringLiteral("remote/address")).toString().toStdString();
-    r.tcpPort = settings_.value(QStringLiteral("remote/tcpPort")).toInt();
-    r.oscPort = settings_.value(QStringLiteral("remote/oscPort")).toInt();
-    r.folder = toPath(settings_.value(QStringLiteral("remote/folder")).toString());
-    return r;
-}
-
-void RememberedSettings::setRemote(const RememberedRemote& remote) {
-    settings_.setValue(QStringLiteral("remote/on"), remote.on);
-    settings_.setValue(QStringLiteral("remote/address"), QString::fromStdString(remote.address));
-    settings_.setValue(QStringLiteral("remote/tcpPort"), remote.tcpPort);
-    settings_.setValue(QStringLiteral("remote/oscPort"), remote.oscPort);
-    settings_.setValue(QStringLiteral("remote/folder"), fromPath(remote.folder));
-}
-
 std::optional<std::filesystem::path> RememberedSettings::definitionFolder() const {
     const QString folder = settings_.value(kDefinitions).toString();
     if (folder.isEmpty()) return std::nullopt;

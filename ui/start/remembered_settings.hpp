@@ -1,8 +1,7 @@
 #pragma once
 // What the desktop program remembers from one run to the next, kept in Qt's settings (on
 // Linux ~/.config/corvane-station/corvane-station.conf): the setup data files last opened
-// or saved, the folder of the camera-type definitions, where each window was, and whether
-// remote control was on and where it listened.
+// or saved, the folder of the camera-type definitions and where each window was.
 
 #include <QByteArray>
 #include <QString>
@@ -15,16 +14,6 @@
 class QSettings;
 
 namespace station::ui {
-
-// Remote control as it was last switched: on or off, and where it listened.
-struct RememberedRemote {
-    bool on = false;
-    std::string address;  // e.g. "127.0.0.1"
-    int tcpPort = 0;
-    int oscPort = 0;
-    std::string folder;  // the folder of the remote file commands; empty for none
-    bool operator==(const RememberedRemote&) const = default;
-};
 
 class RememberedSettings {
 public:
@@ -40,9 +29,6 @@ public:
 
     // The last setup data file opened or saved: the session to come back to.
     std::optional<std::string> lastFile() const;
-
-    RememberedRemote remote() const;
-    void setRemote(const RememberedRemote& remote);
 
     // The definition folder for every run ("definitions/folder"); nothing when not set.
     std::optional<std::filesystem::path> definitionFolder() const;

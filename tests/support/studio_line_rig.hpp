@@ -1,0 +1,72 @@
+#pragma once
+// A started station on the in-process camera line with the sample studio's cameras, its
+// timers ticking in simulated time at the desktop program's intervals (40, 100 and 500 ms),
+// so that what a remote client sends reaches cameras that acknowledge and answer. Traffic
+// on the line is kept; the messages a camera failure would show are counted.
+
+#include <chrono>
+#include <fstream>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "app/station.hpp"
+#include "common/hex.hpp"
+#include "app/preset_dialogs.hpp"
+#include "sim/line_setup.hpp"
+#include "sim/sim_port.hpp"
+#include "sim/tick_driver.hpp"
+#include "tests/support/null_platform.hpp"
+
+namespace station::testing {
+
+class CountedMessages : public MessageSink {
+public:
+    void show(const std::string& text, Icon) override { shown.push_back(text); }
+    std::vector<std::string> shown;
+};
+
+struct StudioLineRig {
+    // `beforePoll` runs just before each poll of the line (the desktop program's hook).
+    explicit StudioLineRig(std::function<void()> beforePoll = {}) {
+        using namespace std::chrono_literals;
+        std::ifstream studio(STATION_SAMPLES_DIR "/studio.csd", std::ios::binary);
+        sim::LineSetup setup;
+        sim::readSetupData(studio, setup);
+        setup.build(line);
+        line.onTraffic = [this](const sim::Traffic& t) { traffic.push_back(t); };
+        ticks.every(40ms, [this, beforePoll = std::move(beforePoll)] {
+            if (beforePoll) beforePoll();
+            station.Timer1_Timer();
+        }, [this] { return station.link.Timer1.Enabled; });
+        ticks.every(100ms, [this] { station.Timer2_Timer(); }, [this] { return station.link.Timer2.Enabled; });
+        ticks.every(500ms, [this] { station.Timer3_Timer(); }, [this] { return station.link.Timer3.Enabled; });
+        ticks.every(500ms, [this] { station.Timer4_Timer(); }, [this] { return station.form1.Timer4.Enabled; });
+        ticks.every(500ms, [this] { station.Form6Timer_Timer(); }, [this] { return station.form6.Timer1.Enabled; });
+        station.Form_Load();
+        dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
+        station.OPEN_Click();
+        ticks.run(std::chrono::seconds(2));  // the studio's first replies are in, the line at rest
+        traffic.clear();
+    }
+
+    // The frames the station wrote to the line since the last clear, as hex text.
+    std::vector<std::string> stationFrames() const {
+        std::vector<std::string> out;
+        for (const sim::Traffic& t : traffic)
+            if (t.from == sim::Traffic::From::Station && t.bytes.size() > 1) out.push_back(hexText(t.bytes));
+        return out;
+    }
+
+    sim::Line line;
+    sim::SimPort port{line};
+    CountedMessages messages;
+    NoDialogs none;
+    PresetDialogs dialogs{none};
+    DiskWriter writer;
+    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    sim::TickDriver ticks{line};
+    std::vector<sim::Traffic> traffic;
+};
+
+}  // namespace station::testing
