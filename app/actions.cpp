@@ -156,6 +156,8 @@ ActionResult Actions::consoleFrame(const std::string& hex) {
     });
 }
 
+void Actions::watchLine(LinkEvents& watcher) { station_.watchLine(watcher); }
+
 ActionResult Actions::dropQueued() {
     SendQueue& queue = station_.link.queue();
     while (queue.SendCnt() > 0) queue.SendBuffShift();

@@ -19,7 +19,7 @@ declare -A allowed=(
   [funcedit]="common link camtype"
   [scenes]="common link camtype panel funcedit"
   [app]="common link line camtype setupfile panel autosetup funcedit scenes"
-  [remote]="common app"
+  [remote]="common link app"
   [ctl]="common link app remote platform setupfile sim"
   [sim]="common"
 )
