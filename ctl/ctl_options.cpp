@@ -42,6 +42,8 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         else if (name == "--port") out.port = value();
         else if (name == "--simulate") out.simulate = true;
         else if (name == "--quiet") out.quiet = true;
+        else if (name == "--keep-going") out.keepGoing = true;
+        else if (name == "--partial") out.partial = true;
         else if (name == "--setup") out.setup = value();
         else if (name == "--save") out.save = value();
         else if (name == "--definitions") out.definitions = value();
@@ -85,18 +87,32 @@ std::vector<std::string> scriptCommands(const std::string& text) {
 
 std::string ctlHelp() {
     return "Usage: corvane-ctl (--port DEVICE | --simulate) [--setup FILE] [COMMAND [, COMMAND]...]\n"
-           "                   [--script FILE] [--save FILE] [--definitions FOLDER] [--quiet]\n"
+           "                   [--script FILE] [--save FILE [--partial]] [--definitions FOLDER]\n"
+           "                   [--keep-going] [--quiet]\n"
            "       corvane-ctl --version | --help\n"
            "\n"
            "The camera control station without windows: it runs the station on the serial\n"
-           "line, carries out the commands in order and ends. Progress and a summary of the\n"
-           "cameras that answered go to standard error; the exit status is 1 when a camera\n"
-           "failed or a command was refused, 2 when the command line cannot be used.\n"
+           "line, carries out the commands in order and ends. The first command that is\n"
+           "refused or whose camera fails ends the run: nothing after it is sent. Progress\n"
+           "and a summary of the cameras that answered go to standard error.\n"
+           "\n"
+           "Exit status:\n"
+           "  0  every command carried out, every camera answered\n"
+           "  1  a camera failed or a command was refused (e.g. camera 9)\n"
+           "  2  a bad command line, or an input or output file that cannot be used\n"
+           "     (a damaged file to restore, a save that is refused)\n"
+           "  3  the camera line could not be opened\n"
            "\n"
            "  --port DEVICE        the serial device of the camera line (else $CORVANE_PORT)\n"
            "  --simulate           run on the in-process camera line built from --setup\n"
            "  --setup FILE         open this setup data file first\n"
-           "  --save FILE          save the setup data to FILE at the end\n"
+           "  --save FILE          save the setup data to FILE at the end, only when every\n"
+           "                       camera answered every read (else FILE stays as it was);\n"
+           "                       the replaced version is kept as FILE.bak\n"
+           "  --partial            with --save: write what was read even after a failure,\n"
+           "                       naming the cameras whose columns were not read\n"
+           "  --keep-going         go on past a refused command or a failed camera (the\n"
+           "                       exit status still tells of it)\n"
            "  --script FILE        further commands, one per line (# starts a comment)\n"
            "  --definitions FOLDER the camera-type definitions (*.fcl); else the setup\n"
            "                       file's folder when it holds some, else the working folder\n"

@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "common/vb_conv.hpp"
+#include "ctl/exit_status.hpp"
 
 namespace station::ctl {
 
@@ -13,22 +14,14 @@ using std::chrono::milliseconds;
 
 // A camera's replies have stopped when nothing arrived for this long with nothing queued.
 constexpr Micros kQuiet = milliseconds(600);
-constexpr Micros kCameraLimit = milliseconds(120'000);
 
 }  // namespace
 
 void CtlMessages::show(const std::string& text, Icon icon) {
     // A message repeated for every frame of a page is told once.
-    if (text != last_) err_ << "corvane-ctl: the station says: " << text << "\n";
+    if (text != last_) err_ << "corvane-ctl: the station says: " << oneLine(text) << "\n";
     last_ = text;
     if (icon != Icon::Information) ++failures_;
-}
-
-Bytes CountingPort::readAll() {
-    Bytes bytes = port_.readAll();
-    for (std::uint8_t b : bytes)
-        if (b == 0x02) ++replies_;
-    return bytes;
 }
 
 std::vector<int> cameraList(const std::string& text) {
@@ -56,9 +49,9 @@ std::vector<int> cameraList(const std::string& text) {
     return cameras;
 }
 
-Session::Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, CountingPort& port,
+Session::Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
                  CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet)
-    : station_(station), commands_(commands), ticks_(ticks), port_(port), messages_(messages), out_(out),
+    : station_(station), commands_(commands), ticks_(ticks), tally_(tally), messages_(messages), out_(out),
       err_(err), quiet_(quiet) {}
 
 void Session::progress(const std::string& text) {
@@ -79,6 +72,8 @@ bool Session::waitUntilSent(Micros limit) {
     return ticks_.runUntil(
         [this] { return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0; }, limit);
 }
+
+void Session::giveUp() { station_.link.giveUpQueued(); }
 
 bool Session::run(const std::string& line) {
     remote::Words words(remote::splitWords(line));
@@ -124,14 +119,17 @@ bool Session::run(const std::string& line) {
 }
 
 bool Session::remote(const std::string& line) {
+    const int before = station_.link.queue().SendCnt();
     const std::string reply = commands_.execute(line);
     out_ << reply << "\n";
     if (reply.rfind("ERR", 0) == 0) {
         refused_ = true;
         return false;
     }
-    if (!waitUntilSent(milliseconds(30'000))) {
-        err_ << "corvane-ctl: " << line << ": the line did not take its frames\n";
+    const int queued = station_.link.queue().SendCnt() - before;
+    if (!waitUntilSent(cameraTimeLimit(queued + before, allowance))) {
+        giveUp();
+        err_ << "corvane-ctl: " << line << ": the camera did not take its frames in time; they were dropped\n";
         refused_ = true;
         return false;
     }
@@ -139,6 +137,7 @@ bool Session::remote(const std::string& line) {
 }
 
 bool Session::pageOf(const std::string& action, const std::string& cameraText) {
+    const bool reading = action == "read";
     bool allGood = true;
     for (const int camera : cameraList(cameraText)) {
         progress(cameraName(camera) + ": page " + action);
@@ -149,45 +148,59 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
             continue;
         }
         const int failuresBefore = messages_.failures();
-        const long repliesBefore = port_.replies();
-        const std::string reply = commands_.execute(action == "read" ? "page read" : "page send");
+        const int queuedBefore = station_.link.queue().SendCnt();
+        tally_.reset();
+        const std::string reply = commands_.execute(reading ? "page read" : "page send");
+        // Every frame the page queued expects its acknowledge, and on a read its answer.
+        const long expected = station_.link.queue().SendCnt() - queuedBefore;
         Micros lastReply = ticks_.now();
-        long seen = repliesBefore;
+        long seen = 0;
         ticks_.afterTick = [&] {
-            if (port_.replies() != seen) {
-                seen = port_.replies();
+            if (tally_.counts().received != seen) {
+                seen = tally_.counts().received;
                 lastReply = ticks_.now();
             }
             // A camera that does not answer would keep the line for a second per frame:
             // the rest of its page is given up at its first failure.
-            if (messages_.failures() != failuresBefore)
-                while (station_.link.queue().SendCnt() > 0) station_.link.queue().SendBuffShift();
+            if (messages_.failures() != failuresBefore) giveUp();
         };
         bool done = reply == "OK";
         if (done) {
+            // A read ends when every request is answered; silence ends it for a camera that
+            // answers less.
             done = ticks_.runUntil(
                 [&] {
                     return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0 &&
-                           (action == "write" || ticks_.now() - lastReply >= kQuiet);
+                           (!reading || tally_.counts().received >= expected || ticks_.now() - lastReply >= kQuiet);
                 },
-                kCameraLimit);
+                cameraTimeLimit(expected, allowance));
+            if (!done) giveUp();  // its frames still queued must not go to the next camera
         }
         ticks_.afterTick = nullptr;
-        const long replies = port_.replies() - repliesBefore;
+        const FrameCounts counts = tally_.counts();
+        const bool handshake = station_.shared.AckMode == 0;
         std::string detail;
         if (reply != "OK") detail = reply;
-        else if (!done) detail = "the line did not finish in time";
+        else if (!done) detail = "no answer in time";
         else if (messages_.failures() != failuresBefore) detail = messages_.last();
-        else if (action == "read" && replies == 0) detail = "no answer";
-        if (detail.empty() && action == "read") {
+        else if (reading && counts.received < expected)
+            detail = "answered " + std::to_string(counts.received) + " of " + std::to_string(expected) + " requests";
+        else if (!reading && handshake && counts.acknowledged < expected)
+            detail = "acknowledged " + std::to_string(counts.acknowledged) + " of " + std::to_string(expected) + " frames";
+        if (detail.empty() && reading) {
             // The settings read are in the working copy; they become the selected scene.
             const std::string stored =
                 commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
             if (stored != "OK") detail = stored;
         }
-        if (detail.empty()) detail = action == "read" ? std::to_string(replies) + " replies" : "sent";
-        const bool failed = !(detail == "sent" || detail.find(" replies") != std::string::npos);
+        const bool failed = !detail.empty();
+        if (reading && !failed) detail = std::to_string(counts.received) + " replies";
+        else if (!reading)
+            detail = (failed ? detail + ": " : std::string()) + std::to_string(counts.sent) + " frames sent, " +
+                     (handshake ? std::to_string(counts.acknowledged) + " acknowledged" : "no acknowledge asked");
+        else detail += " (" + std::to_string(counts.received) + " replies)";
         outcomes_.push_back({camera, action, failed, detail});
+        if (failed && reading) unread_.push_back(camera);
         progress(cameraName(camera) + ": " + detail);
         allGood = allGood && !failed;
     }
@@ -227,5 +240,7 @@ int Session::finish() {
     }
     return failed ? 1 : 0;
 }
+
+std::vector<int> Session::unreadCameras() const { return unread_; }
 
 }  // namespace station::ctl

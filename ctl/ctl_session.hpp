@@ -10,6 +10,8 @@
 
 #include "common/messages.hpp"
 #include "common/serial_port.hpp"
+#include "ctl/camera_time_limit.hpp"
+#include "ctl/link_tally.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 
@@ -29,29 +31,13 @@ private:
     std::string last_;
 };
 
-// The serial port, counting the reply frames (STX bytes) read from it.
-class CountingPort final : public SerialPort {
-public:
-    explicit CountingPort(SerialPort& port) : port_(port) {}
-    void setCommPort(int port) override { port_.setCommPort(port); }
-    void setSettings(const std::string& s) override { port_.setSettings(s); }
-    void open() override { port_.open(); }
-    void close() override { port_.close(); }
-    bool isOpen() const override { return port_.isOpen(); }
-    int bytesWaiting() override { return port_.bytesWaiting(); }
-    Bytes readAll() override;
-    void write(const Bytes& data) override { port_.write(data); }
-    long replies() const { return replies_; }
-
-private:
-    SerialPort& port_;
-    long replies_ = 0;
-};
-
 class Session {
 public:
-    Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, CountingPort& port,
+    Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
             CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet);
+
+    // How long each camera may take; the defaults suit a line at 9600 bit/s.
+    TimeAllowance allowance;
 
     // Waits until the link's watches are idle after start-up.
     void settle();
@@ -59,6 +45,9 @@ public:
     bool run(const std::string& line);
     // The summary of every camera worked on, on the error stream; the exit status.
     int finish();
+
+    // The cameras asked for in a read that did not answer every request, in order.
+    std::vector<int> unreadCameras() const;
 
 private:
     struct Outcome {
@@ -72,19 +61,21 @@ private:
     bool pageOf(const std::string& action, const std::string& cameras);
     bool autoSetup(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
+    void giveUp();
     std::string cameraName(int camera) const;
     void progress(const std::string& text);
 
     Station& station_;
     remote::CommandSet& commands_;
     TickLoop& ticks_;
-    CountingPort& port_;
+    LinkTally& tally_;
     CtlMessages& messages_;
     std::ostream& out_;
     std::ostream& err_;
     bool quiet_;
     bool refused_ = false;
     std::vector<Outcome> outcomes_;
+    std::vector<int> unread_;
 };
 
 // The cameras of "1-8", "3" or "1,3,5"; std::invalid_argument when the text is not that.

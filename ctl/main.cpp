@@ -5,11 +5,17 @@
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 
 #include "app/station.hpp"
 #include "common/runtime_error.hpp"
+#include "ctl/backup_policy.hpp"
+#include "ctl/command_run.hpp"
 #include "ctl/ctl_options.hpp"
 #include "ctl/ctl_session.hpp"
+#include "ctl/definition_search.hpp"
+#include "ctl/restore_check.hpp"
+#include "ctl/exit_status.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
 #include "remote/preset_dialogs.hpp"
@@ -22,26 +28,42 @@ namespace {
 using namespace station;
 namespace fs = std::filesystem;
 
-bool holdsDefinitions(const fs::path& folder) {
-    std::error_code ec;
-    for (const auto& entry : fs::directory_iterator(folder, ec)) {
-        std::string ext = entry.path().extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext == ".fcl") return true;
-    }
-    return false;
+fs::path definitionFolder(const ctl::CtlOptions& options) {
+    return ctl::chooseDefinitions(options.definitions, ctl::definitionCandidates(options.setup), fs::current_path());
 }
 
-fs::path definitionFolder(const ctl::CtlOptions& options) {
-    if (options.definitions) return *options.definitions;
-    if (options.setup) {
-        const fs::path folder = fs::absolute(*options.setup).parent_path();
-        if (holdsDefinitions(folder)) return folder;
+// A restore ("write") sends the --setup file's settings: that file is checked whole before
+// the line is touched, and a damaged one refuses the run.
+void checkRestores(const ctl::CtlOptions& options, const fs::path& definitions) {
+    std::vector<int> cameras;
+    for (const std::string& command : options.commands) {
+        remote::Words words(remote::splitWords(command));
+        if (remote::lower(words.peek()) != "write") continue;
+        words.take("command");
+        if (words.done()) continue;  // refused when it is carried out
+        try {
+            for (const int c : ctl::cameraList(words.take("cameras"))) cameras.push_back(c);
+        } catch (const std::exception&) {
+            continue;  // likewise
+        }
     }
-    return fs::current_path();
+    if (cameras.empty()) return;
+    if (!options.setup)
+        throw ctl::RunError(ctl::ExitStatus::BadFile, "write needs --setup FILE: the settings to restore");
+    const std::string name = options.setup->string();
+    std::ifstream in(*options.setup, std::ios::binary);
+    if (!in) throw ctl::RunError(ctl::ExitStatus::BadFile, "cannot read " + name);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (const auto problem = ctl::checkRestore(text.str(), cameras, definitions))
+        throw ctl::RunError(ctl::ExitStatus::BadFile,
+                            name + (problem->line > 0 ? ":" + std::to_string(problem->line) : std::string()) + ": " +
+                                problem->reason + "; nothing was restored");
 }
 
 int run(const ctl::CtlOptions& options) {
+    const fs::path definitions = definitionFolder(options);
+    checkRestores(options, definitions);
     std::unique_ptr<sim::Line> line;
     std::unique_ptr<SerialPort> device;
     if (options.simulate) {
@@ -57,21 +79,30 @@ int run(const ctl::CtlOptions& options) {
         if (!options.port && !(variable && *variable))
             throw std::invalid_argument("no camera line: give --port DEVICE or --simulate");
         device = std::make_unique<platform::TermiosPort>(options.port ? *options.port : std::string(variable));
+        // The station would keep trying a device that cannot be opened; a script must hear
+        // at once, before anything is read or written.
+        try {
+            device->open();
+        } catch (const std::exception& e) {
+            throw ctl::RunError(ctl::ExitStatus::NoLine, e.what());
+        }
     }
 
-    ctl::CountingPort port(*device);
+    SerialPort& port = *device;
     ctl::CtlMessages messages(std::cerr);
     remote::NoDialogs none;
     remote::PresetDialogs dialogs(none);
     DiskWriter writer;
-    Station station({port, messages, dialogs, writer, definitionFolder(options)});
+    Station station({port, messages, dialogs, writer, definitions});
     remote::CommandSet commands(station, dialogs, {});
 
     std::unique_ptr<ctl::Clock> clock;
     if (line) clock = std::make_unique<ctl::LineClock>(*line);
     else clock = std::make_unique<ctl::RealClock>();
     ctl::TickLoop ticks(station, *clock);
-    ctl::Session session(station, commands, ticks, port, messages, std::cout, std::cerr, options.quiet);
+    ctl::LinkTally tally(station.link.watcher());
+    station.link.watch(&tally);
+    ctl::Session session(station, commands, ticks, tally, messages, std::cout, std::cerr, options.quiet);
 
     station.Form_Load();
     if (options.setup) {
@@ -82,18 +113,22 @@ int run(const ctl::CtlOptions& options) {
     }
     session.settle();
 
-    for (const std::string& command : options.commands) session.run(command);
+    ctl::runCommands(options.commands, options.keepGoing, [&](const std::string& c) { return session.run(c); },
+                     std::cerr);
 
     int status = session.finish();
     if (options.save) {
         const std::string path = fs::absolute(*options.save).string();
-        const int before = messages.failures();
-        dialogs.answerNextSave(path);
-        station.SAVE_AS_Click();
-        if (messages.failures() != before || station.setupFile.FileName != path) {
-            std::cerr << "corvane-ctl: " << path << " was not saved\n";
-            status = 1;
-        } else {
+        const std::string from = options.setup ? options.setup->string() : std::string("the start-up values");
+        const ctl::SaveDecision decision =
+            ctl::decideSave(path, status != 0, session.unreadCameras(), options.partial, from);
+        if (!decision.note.empty()) std::cerr << "corvane-ctl: " << decision.note << "\n";
+        if (decision.write) {
+            const int before = messages.failures();
+            dialogs.answerNextSave(path);
+            station.SAVE_AS_Click();
+            if (messages.failures() != before || station.setupFile.FileName != path)
+                throw ctl::RunError(ctl::ExitStatus::BadFile, path + " was not saved");
             std::cerr << "corvane-ctl: saved " << path << "\n";
         }
     }
@@ -117,6 +152,9 @@ int main(int argc, char** argv) {
     }
     try {
         return run(options);
+    } catch (const ctl::RunError& e) {
+        std::cerr << "corvane-ctl: " << ctl::oneLine(e.what()) << "\n";
+        return static_cast<int>(e.status());
     } catch (const RuntimeError& e) {
         std::cerr << "corvane-ctl: Run-time error " << e.number() << ": " << e.what() << "\n";
     } catch (const std::exception& e) {

@@ -147,6 +147,11 @@ void Link::lineBack() {
     if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
 }
 
+void Link::giveUpQueued() {
+    while (queue_.SendCnt() > 0) queue_.SendBuffShift();
+    ackWait_ = -1;
+}
+
 void Link::removeHeadAfterAck() {
     if (queue_.head().Kind == "R") ansWait_ = kAnswerTicks;
     queue_.SendBuffShift();

@@ -62,8 +62,14 @@ public:
     // restarted, as after the camera's NAK. Otherwise nothing happens.
     void lineBack();
 
+    // Drops every queued frame and stops watching the one awaiting its acknowledge, so that
+    // a late ACK or NAK for it changes nothing. For a client that gives a camera up (the
+    // command-line station's time limit); the station's own windows never call it.
+    void giveUpQueued();
+
     // Who watches the line; nothing by default. The watcher must outlive the link.
     void watch(LinkEvents* events) { events_ = events; }
+    LinkEvents* watcher() const { return events_; }
 
     // Timers of the main window that drive the three ticks above.
     Timer Timer1;
