@@ -73,7 +73,10 @@ bool Session::waitUntilSent(Micros limit) {
         [this] { return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0; }, limit);
 }
 
-void Session::giveUp() { station_.link.giveUpQueued(); }
+void Session::giveUp() {
+    tally_.ended(FrameEnd::GivenUp, station_.link.queue().SendCnt());
+    station_.link.giveUpQueued();
+}
 
 bool Session::run(const std::string& line) {
     remote::Words words(remote::splitWords(line));
@@ -138,70 +141,100 @@ bool Session::remote(const std::string& line) {
 
 bool Session::pageOf(const std::string& action, const std::string& cameraText) {
     const bool reading = action == "read";
-    bool allGood = true;
-    for (const int camera : cameraList(cameraText)) {
+    const std::vector<int> cameras = cameraList(cameraText);
+    struct Part {
+        int camera;
+        long first;      // the index of its first frame in the tally's record
+        long expected;   // frames its page queued
+        long replies;    // good frames received while it was read
+        std::string failure;
+    };
+    std::vector<Part> parts;
+    for (std::size_t i = 0; i < cameras.size(); ++i) {
+        const int camera = cameras[i];
+        const bool last = i + 1 == cameras.size();
         progress(cameraName(camera) + ": page " + action);
         const std::string select = commands_.execute("camera " + std::to_string(camera));
         if (select != "OK") {
-            outcomes_.push_back({camera, action, true, select});
-            allGood = false;
+            parts.push_back({camera, tally_.settled(), 0, 0, select});
             continue;
         }
         const int failuresBefore = messages_.failures();
-        const int queuedBefore = station_.link.queue().SendCnt();
-        tally_.reset();
+        const long first = tally_.settled() + station_.link.queue().SendCnt();
         const std::string reply = commands_.execute(reading ? "page read" : "page send");
-        // Every frame the page queued expects its acknowledge, and on a read its answer.
-        const long expected = station_.link.queue().SendCnt() - queuedBefore;
+        Part part{camera, first, tally_.settled() + station_.link.queue().SendCnt() - first, 0, {}};
+        if (reply != "OK") part.failure = reply;
+        else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
+        if (!part.failure.empty()) {
+            giveUp();
+            parts.push_back(part);
+            continue;
+        }
+        const bool blind = station_.shared.AckMode != 0;
+        const long receivedBefore = tally_.counts().received;
+        int queued = station_.link.queue().SendCnt();
         Micros lastReply = ticks_.now();
-        long seen = 0;
+        auto failed = [&] {
+            return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
+                   tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
+        };
         ticks_.afterTick = [&] {
-            if (tally_.counts().received != seen) {
-                seen = tally_.counts().received;
+            if (blind) tally_.ended(FrameEnd::SentBlind, queued - station_.link.queue().SendCnt());
+            queued = station_.link.queue().SendCnt();
+            if (tally_.counts().received - receivedBefore != part.replies) {
+                part.replies = tally_.counts().received - receivedBefore;
                 lastReply = ticks_.now();
             }
             // A camera that does not answer would keep the line for a second per frame:
             // the rest of its page is given up at its first failure.
-            if (messages_.failures() != failuresBefore) giveUp();
+            if (failed()) giveUp();
         };
-        bool done = reply == "OK";
-        if (done) {
-            // A read ends when every request is answered; silence ends it for a camera that
-            // answers less.
-            done = ticks_.runUntil(
-                [&] {
-                    return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0 &&
-                           (!reading || tally_.counts().received >= expected || ticks_.now() - lastReply >= kQuiet);
-                },
-                cameraTimeLimit(expected, allowance));
-            if (!done) giveUp();  // its frames still queued must not go to the next camera
-        }
+        const long end = part.first + part.expected;
+        // A read ends when every request is answered; silence ends it for a camera that
+        // answers less. A send moves on while its last frame awaits the acknowledge, so
+        // that the next camera's first frame leaves on the poll that takes it.
+        const bool done = ticks_.runUntil(
+            [&] {
+                if (failed()) return true;
+                if (reading)
+                    return tally_.settled() >= end && station_.link.AckWait() < 0 &&
+                           (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
+                return tally_.settled() >= (last ? end : end - 1) && station_.link.queue().SendCnt() <= (last ? 0 : 1);
+            },
+            cameraTimeLimit(part.expected, allowance));
         ticks_.afterTick = nullptr;
-        const FrameCounts counts = tally_.counts();
-        const bool handshake = station_.shared.AckMode == 0;
-        std::string detail;
-        if (reply != "OK") detail = reply;
-        else if (!done) detail = "no answer in time";
-        else if (messages_.failures() != failuresBefore) detail = messages_.last();
-        else if (reading && counts.received < expected)
-            detail = "answered " + std::to_string(counts.received) + " of " + std::to_string(expected) + " requests";
-        else if (!reading && handshake && counts.acknowledged < expected)
-            detail = "acknowledged " + std::to_string(counts.acknowledged) + " of " + std::to_string(expected) + " frames";
-        if (detail.empty() && reading) {
-            // The settings read are in the working copy; they become the selected scene.
-            const std::string stored =
-                commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
-            if (stored != "OK") detail = stored;
+        if (!done) {
+            giveUp();  // its frames still queued must not go to the next camera
+            part.failure = "no answer in time";
         }
+        if (reading && part.failure.empty() && !failed() && part.replies >= part.expected) {
+            // The settings read are in the working copy; they become the selected scene.
+            const std::string stored = commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
+            if (stored != "OK") part.failure = stored;
+        }
+        parts.push_back(part);
+    }
+    // The last camera's last frame may still await its acknowledge.
+    waitUntilSent(cameraTimeLimit(1, allowance));
+
+    bool allGood = true;
+    for (const Part& part : parts) {
+        std::string detail = part.failure;
+        const long blind = tally_.count(part.first, part.expected, FrameEnd::SentBlind);
+        const long acked = tally_.count(part.first, part.expected, FrameEnd::Acknowledged) + blind;
+        const long sent = acked + tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge);
+        if (detail.empty() && tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0) detail = "No Acknowledge";
+        if (detail.empty() && acked < part.expected) detail = "frames dropped";
+        if (detail.empty() && reading && part.replies < part.expected)
+            detail = "answered " + std::to_string(part.replies) + " of " + std::to_string(part.expected) + " requests";
         const bool failed = !detail.empty();
-        if (reading && !failed) detail = std::to_string(counts.received) + " replies";
-        else if (!reading)
-            detail = (failed ? detail + ": " : std::string()) + std::to_string(counts.sent) + " frames sent, " +
-                     (handshake ? std::to_string(counts.acknowledged) + " acknowledged" : "no acknowledge asked");
-        else detail += " (" + std::to_string(counts.received) + " replies)";
-        outcomes_.push_back({camera, action, failed, detail});
-        if (failed && reading) unread_.push_back(camera);
-        progress(cameraName(camera) + ": " + detail);
+        const std::string counts = reading ? std::to_string(part.replies) + " replies"
+                                           : std::to_string(sent) + " frames sent, " +
+                                                 (blind > 0 ? "no acknowledge asked" : std::to_string(acked) + " acknowledged");
+        detail = failed ? detail + " (" + counts + ")" : counts;
+        outcomes_.push_back({part.camera, action, failed, detail});
+        if (failed && reading) unread_.push_back(part.camera);
+        progress(cameraName(part.camera) + ": " + detail);
         allGood = allGood && !failed;
     }
     return allGood;

@@ -15,8 +15,8 @@ cleanup() { [ -n "$sim_pid" ] && kill "$sim_pid" 2>/dev/null; rm -rf "$work"; }
 trap cleanup EXIT
 
 # The sample studio with two more cameras, so that all eight positions answer.
-sed -e 's/^Camera 7=|$/Camera 7=ST1|7/' -e 's/^Camera 8=|$/Camera 8=PT2|8/' \
-  "$root/samples/studio.csd" | tr -d '\r' | sed 's/$/\r/' >"$work/eight.csd"
+tr -d '\r' <"$root/samples/studio.csd" |
+  sed -e 's/^Camera 7=|$/Camera 7=ST1|7/' -e 's/^Camera 8=|$/Camera 8=PT2|8/' -e 's/$/\r/' >"$work/eight.csd"
 cp "$root"/samples/*.fcl "$work/"
 
 "$build/sim/camera-sim" --setup "$work/eight.csd" --link "$work/line" >/dev/null 2>&1 &

@@ -142,6 +142,21 @@ TEST(CtlUnattended, DamagedRestoreSendsNothing) {
     EXPECT_GT(sim.framesFromStation(), 10);
 }
 
+// A restore while camera 3 drops one acknowledge: camera 3 fails, camera 4 after it is
+// restored whole, and its frames are counted as its own although they were queued while
+// camera 3's last frame was still on its way.
+TEST(CtlUnattended, RestoreReportsEachCamerasFrames) {
+    testing::TempFolder folder;
+    Sim sim(folder, {"3:no-ack=1", "5:no-ack=1"});
+    ASSERT_FALSE(sim.device.empty());
+    const CtlRun run = ctl(folder, sim.device, {"--setup", STATION_SAMPLES_DIR "/studio.csd", "write", "2-4"});
+    EXPECT_EQ(run.status, 1) << run.err;
+    EXPECT_TRUE(says(run, "camera 2 (ST1, ID 2) write: 29 frames sent, 29 acknowledged")) << run.err;
+    EXPECT_TRUE(says(run, "camera 3 (HD3, ID 3) write: FAILED, No Acknowledge (1 frames sent, 0 acknowledged)"))
+        << run.err;
+    EXPECT_TRUE(says(run, "camera 4 (HD3, ID 4) write: 29 frames sent, 29 acknowledged")) << run.err;
+}
+
 TEST(CtlUnattended, RefusedCommandStopsTheRun) {
     testing::TempFolder folder;
     Sim sim(folder, {});
