@@ -101,5 +101,12 @@ TEST(CtlSession, RepliesAreFramesNotBytes) {
     EXPECT_EQ(rig.tally.counts().acknowledged, replies);  // one answer per request
 }
 
+TEST(CtlSession, SpoiltRepliesAreNotCounted) {
+    SessionRig rig;
+    rig.camera(1).faults.badChecksum = 3;  // three answers arrive spoilt and are sent again clean
+    ASSERT_TRUE(rig.session.run("read 1")) << rig.err.str();
+    EXPECT_EQ(rig.tally.counts().received, rig.tally.counts().acknowledged);
+}
+
 }  // namespace
 }  // namespace station::ctl
