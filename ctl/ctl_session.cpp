@@ -50,13 +50,9 @@ std::vector<int> cameraList(const std::string& text) {
 }
 
 Session::Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
-                 CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet)
+                 CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal)
     : station_(station), commands_(commands), ticks_(ticks), tally_(tally), messages_(messages), out_(out),
-      err_(err), quiet_(quiet) {}
-
-void Session::progress(const std::string& text) {
-    if (!quiet_) err_ << "corvane-ctl: " << text << "\n";
-}
+      err_(err), progress_(err, terminal, quiet) {}
 
 std::string Session::cameraName(int camera) const {
     const auto& cams = station_.shared.cams;
@@ -153,7 +149,6 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
     for (std::size_t i = 0; i < cameras.size(); ++i) {
         const int camera = cameras[i];
         const bool last = i + 1 == cameras.size();
-        progress(cameraName(camera) + ": page " + action);
         const std::string select = commands_.execute("camera " + std::to_string(camera));
         if (select != "OK") {
             parts.push_back({camera, tally_.settled(), 0, 0, select});
@@ -172,6 +167,7 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
         }
         const bool blind = station_.shared.AckMode != 0;
         const long receivedBefore = tally_.counts().received;
+        progress_.begin(cameraName(camera) + " " + action, part.expected);
         int queued = station_.link.queue().SendCnt();
         Micros lastReply = ticks_.now();
         auto failed = [&] {
@@ -188,6 +184,7 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
             // A camera that does not answer would keep the line for a second per frame:
             // the rest of its page is given up at its first failure.
             if (failed()) giveUp();
+            progress_.update(reading ? part.replies : tally_.count(part.first, part.expected, FrameEnd::Acknowledged));
         };
         const long end = part.first + part.expected;
         // A read ends when every request is answered; silence ends it for a camera that
@@ -212,6 +209,9 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
             const std::string stored = commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
             if (stored != "OK") part.failure = stored;
         }
+        progress_.end(!part.failure.empty() ? part.failure
+                      : reading          ? std::to_string(part.replies) + "/" + std::to_string(part.expected) + " replies"
+                                         : std::to_string(part.expected) + " frames queued");
         parts.push_back(part);
     }
     // The last camera's last frame may still await its acknowledge.
@@ -234,7 +234,6 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
         detail = failed ? detail + " (" + counts + ")" : counts;
         outcomes_.push_back({part.camera, action, failed, detail});
         if (failed && reading) unread_.push_back(part.camera);
-        progress(cameraName(part.camera) + ": " + detail);
         allGood = allGood && !failed;
     }
     return allGood;
@@ -246,7 +245,7 @@ bool Session::autoSetup(const std::string& which, const std::string& camera) {
         number = cameraList(camera).front();
         if (!remote("camera " + std::to_string(number))) return false;
     }
-    progress(cameraName(number) + ": auto " + which);
+    progress_.note(cameraName(number) + ": auto " + which);
     const std::string reply = commands_.execute("auto " + which);
     if (reply != "OK") {
         out_ << reply << "\n";

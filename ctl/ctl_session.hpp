@@ -12,6 +12,7 @@
 #include "common/serial_port.hpp"
 #include "ctl/camera_time_limit.hpp"
 #include "ctl/link_tally.hpp"
+#include "ctl/progress_line.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 
@@ -33,8 +34,9 @@ private:
 
 class Session {
 public:
+    // `terminal`: standard error is a terminal (progress counts up in place).
     Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
-            CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet);
+            CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal = false);
 
     // How long each camera may take; the defaults suit a line at 9600 bit/s.
     TimeAllowance allowance;
@@ -63,7 +65,6 @@ private:
     bool waitUntilSent(Micros limit);
     void giveUp();
     std::string cameraName(int camera) const;
-    void progress(const std::string& text);
 
     Station& station_;
     remote::CommandSet& commands_;
@@ -72,7 +73,7 @@ private:
     CtlMessages& messages_;
     std::ostream& out_;
     std::ostream& err_;
-    bool quiet_;
+    ProgressLine progress_;
     bool refused_ = false;
     std::vector<Outcome> outcomes_;
     std::vector<int> unread_;

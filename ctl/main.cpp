@@ -1,4 +1,6 @@
 // corvane-ctl: the camera control station without windows. See ctlHelp().
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -102,7 +104,8 @@ int run(const ctl::CtlOptions& options) {
     ctl::TickLoop ticks(station, *clock);
     ctl::LinkTally tally(station.link.watcher());
     station.link.watch(&tally);
-    ctl::Session session(station, commands, ticks, tally, messages, std::cout, std::cerr, options.quiet);
+    ctl::Session session(station, commands, ticks, tally, messages, std::cout, std::cerr, options.quiet,
+                         ::isatty(STDERR_FILENO) == 1);
 
     station.Form_Load();
     if (options.setup) {

@@ -8,6 +8,7 @@
 #include "ctl/camera_time_limit.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/progress_line.hpp"
 
 namespace station::ctl {
 namespace {
@@ -77,6 +78,23 @@ TEST(CameraTimeLimit, FollowsTheFramesExpected) {
     EXPECT_EQ(cameraTimeLimit(0), Micros(1'600'000));
     EXPECT_EQ(cameraTimeLimit(-3), Micros(1'600'000));
     EXPECT_EQ(cameraTimeLimit(10, {Micros(10'000), Micros(5'000)}), Micros(105'000));
+}
+
+TEST(ProgressLine, CountsUpInPlaceOnlyOnATerminal) {
+    auto show = [](bool terminal, bool quiet) {
+        std::ostringstream err;
+        ProgressLine line(err, terminal, quiet);
+        line.begin("camera 3 read", 28);
+        line.update(1);
+        line.update(1);
+        line.update(28);
+        line.end("28 replies");
+        return err.str();
+    };
+    EXPECT_EQ(show(true, false), "\rcorvane-ctl: camera 3 read 0/28\x1b[K\rcorvane-ctl: camera 3 read 1/28\x1b[K"
+                                 "\rcorvane-ctl: camera 3 read 28/28\x1b[K\rcorvane-ctl: camera 3 read: 28 replies\x1b[K\n");
+    EXPECT_EQ(show(false, false), "corvane-ctl: camera 3 read\ncorvane-ctl: camera 3 read: 28 replies\n");
+    EXPECT_EQ(show(true, true), "");
 }
 
 }  // namespace
