@@ -1,10 +1,14 @@
 #include "ctl/ctl_session.hpp"
 
+#include <cctype>
+#include <fstream>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "common/vb_conv.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/restore_check.hpp"
 
 namespace station::ctl {
 
@@ -84,6 +88,13 @@ bool Session::run(const std::string& line) {
             words.end();
             return pageOf(verb, cameras);
         }
+        if (verb == "verify") {
+            words.take("command");
+            const std::string file = words.take("file");
+            const std::string cameras = words.take("cameras");
+            words.end();
+            return verify(file, cameras);
+        }
         if (verb == "auto") {
             words.take("command");
             const std::string which = words.take("white or black");
@@ -109,6 +120,8 @@ bool Session::run(const std::string& line) {
             ticks_.run(milliseconds(ms));
             return true;
         }
+    } catch (const RunError&) {
+        throw;
     } catch (const std::exception& e) {
         err_ << "corvane-ctl: " << line << ": " << e.what() << "\n";
         refused_ = true;
@@ -135,108 +148,156 @@ bool Session::remote(const std::string& line) {
     return true;
 }
 
+Session::Part Session::onePage(int camera, bool reading, bool last, bool store) {
+    const std::string select = commands_.execute("camera " + std::to_string(camera));
+    if (select != "OK") return {camera, tally_.settled(), 0, 0, select};
+    const int failuresBefore = messages_.failures();
+    const long first = tally_.settled() + station_.link.queue().SendCnt();
+    const std::string reply = commands_.execute(reading ? "page read" : "page send");
+    Part part{camera, first, tally_.settled() + station_.link.queue().SendCnt() - first, 0, {}};
+    if (reply != "OK") part.failure = reply;
+    else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
+    if (!part.failure.empty()) {
+        giveUp();
+        return part;
+    }
+    const bool blind = station_.shared.AckMode != 0;
+    const long receivedBefore = tally_.counts().received;
+    progress_.begin(cameraName(camera) + " " + (reading ? "read" : "write"), part.expected);
+    int queued = station_.link.queue().SendCnt();
+    Micros lastReply = ticks_.now();
+    auto failed = [&] {
+        return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
+               tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
+    };
+    ticks_.afterTick = [&] {
+        if (blind) tally_.ended(FrameEnd::SentBlind, queued - station_.link.queue().SendCnt());
+        queued = station_.link.queue().SendCnt();
+        if (tally_.counts().received - receivedBefore != part.replies) {
+            part.replies = tally_.counts().received - receivedBefore;
+            lastReply = ticks_.now();
+        }
+        // A camera that does not answer would keep the line for a second per frame:
+        // the rest of its page is given up at its first failure.
+        if (failed()) giveUp();
+        progress_.update(reading ? part.replies : tally_.count(part.first, part.expected, FrameEnd::Acknowledged));
+    };
+    const long end = part.first + part.expected;
+    // A read ends when every request is answered; silence ends it for a camera that
+    // answers less. A send moves on while its last frame awaits the acknowledge, so
+    // that the next camera's first frame leaves on the poll that takes it.
+    const bool done = ticks_.runUntil(
+        [&] {
+            if (failed()) return true;
+            if (reading)
+                return tally_.settled() >= end && station_.link.AckWait() < 0 &&
+                       (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
+            return tally_.settled() >= (last ? end : end - 1) && station_.link.queue().SendCnt() <= (last ? 0 : 1);
+        },
+        cameraTimeLimit(part.expected, allowance));
+    ticks_.afterTick = nullptr;
+    if (!done) {
+        giveUp();  // its frames still queued must not go to the next camera
+        part.failure = "no answer in time";
+    }
+    if (store && part.failure.empty() && !failed() && part.replies >= part.expected) {
+        // The settings read are in the working copy; they become the selected scene.
+        const std::string stored = commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
+        if (stored != "OK") part.failure = stored;
+    }
+    progress_.end(!part.failure.empty() ? part.failure
+                  : reading          ? std::to_string(part.replies) + "/" + std::to_string(part.expected) + " replies"
+                                     : std::to_string(part.expected) + " frames queued");
+    return part;
+}
+
 bool Session::pageOf(const std::string& action, const std::string& cameraText) {
     const bool reading = action == "read";
     const std::vector<int> cameras = cameraList(cameraText);
-    struct Part {
-        int camera;
-        long first;      // the index of its first frame in the tally's record
-        long expected;   // frames its page queued
-        long replies;    // good frames received while it was read
-        std::string failure;
-    };
     std::vector<Part> parts;
-    for (std::size_t i = 0; i < cameras.size(); ++i) {
-        const int camera = cameras[i];
-        const bool last = i + 1 == cameras.size();
-        const std::string select = commands_.execute("camera " + std::to_string(camera));
-        if (select != "OK") {
-            parts.push_back({camera, tally_.settled(), 0, 0, select});
-            continue;
-        }
-        const int failuresBefore = messages_.failures();
-        const long first = tally_.settled() + station_.link.queue().SendCnt();
-        const std::string reply = commands_.execute(reading ? "page read" : "page send");
-        Part part{camera, first, tally_.settled() + station_.link.queue().SendCnt() - first, 0, {}};
-        if (reply != "OK") part.failure = reply;
-        else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
-        if (!part.failure.empty()) {
-            giveUp();
-            parts.push_back(part);
-            continue;
-        }
-        const bool blind = station_.shared.AckMode != 0;
-        const long receivedBefore = tally_.counts().received;
-        progress_.begin(cameraName(camera) + " " + action, part.expected);
-        int queued = station_.link.queue().SendCnt();
-        Micros lastReply = ticks_.now();
-        auto failed = [&] {
-            return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
-                   tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
-        };
-        ticks_.afterTick = [&] {
-            if (blind) tally_.ended(FrameEnd::SentBlind, queued - station_.link.queue().SendCnt());
-            queued = station_.link.queue().SendCnt();
-            if (tally_.counts().received - receivedBefore != part.replies) {
-                part.replies = tally_.counts().received - receivedBefore;
-                lastReply = ticks_.now();
-            }
-            // A camera that does not answer would keep the line for a second per frame:
-            // the rest of its page is given up at its first failure.
-            if (failed()) giveUp();
-            progress_.update(reading ? part.replies : tally_.count(part.first, part.expected, FrameEnd::Acknowledged));
-        };
-        const long end = part.first + part.expected;
-        // A read ends when every request is answered; silence ends it for a camera that
-        // answers less. A send moves on while its last frame awaits the acknowledge, so
-        // that the next camera's first frame leaves on the poll that takes it.
-        const bool done = ticks_.runUntil(
-            [&] {
-                if (failed()) return true;
-                if (reading)
-                    return tally_.settled() >= end && station_.link.AckWait() < 0 &&
-                           (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
-                return tally_.settled() >= (last ? end : end - 1) && station_.link.queue().SendCnt() <= (last ? 0 : 1);
-            },
-            cameraTimeLimit(part.expected, allowance));
-        ticks_.afterTick = nullptr;
-        if (!done) {
-            giveUp();  // its frames still queued must not go to the next camera
-            part.failure = "no answer in time";
-        }
-        if (reading && part.failure.empty() && !failed() && part.replies >= part.expected) {
-            // The settings read are in the working copy; they become the selected scene.
-            const std::string stored = commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
-            if (stored != "OK") part.failure = stored;
-        }
-        progress_.end(!part.failure.empty() ? part.failure
-                      : reading          ? std::to_string(part.replies) + "/" + std::to_string(part.expected) + " replies"
-                                         : std::to_string(part.expected) + " frames queued");
-        parts.push_back(part);
-    }
+    for (std::size_t i = 0; i < cameras.size(); ++i)
+        parts.push_back(onePage(cameras[i], reading, i + 1 == cameras.size(), reading));
     // The last camera's last frame may still await its acknowledge.
     waitUntilSent(cameraTimeLimit(1, allowance));
 
     bool allGood = true;
     for (const Part& part : parts) {
-        std::string detail = part.failure;
-        const long blind = tally_.count(part.first, part.expected, FrameEnd::SentBlind);
-        const long acked = tally_.count(part.first, part.expected, FrameEnd::Acknowledged) + blind;
-        const long sent = acked + tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge);
-        if (detail.empty() && tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0) detail = "No Acknowledge";
-        if (detail.empty() && acked < part.expected) detail = "frames dropped";
-        if (detail.empty() && reading && part.replies < part.expected)
-            detail = "answered " + std::to_string(part.replies) + " of " + std::to_string(part.expected) + " requests";
-        const bool failed = !detail.empty();
-        const std::string counts = reading ? std::to_string(part.replies) + " replies"
-                                           : std::to_string(sent) + " frames sent, " +
-                                                 (blind > 0 ? "no acknowledge asked" : std::to_string(acked) + " acknowledged");
-        detail = failed ? detail + " (" + counts + ")" : counts;
-        outcomes_.push_back({part.camera, action, failed, detail});
-        if (failed && reading) unread_.push_back(part.camera);
-        allGood = allGood && !failed;
+        const Outcome o = outcomeOf(part, action);
+        outcomes_.push_back(o);
+        if (o.failed && reading) unread_.push_back(part.camera);
+        allGood = allGood && !o.failed;
     }
     return allGood;
+}
+
+Session::Outcome Session::outcomeOf(const Part& part, const std::string& action) const {
+    const bool reading = action != "write";
+    std::string detail = part.failure;
+    const long blind = tally_.count(part.first, part.expected, FrameEnd::SentBlind);
+    const long acked = tally_.count(part.first, part.expected, FrameEnd::Acknowledged) + blind;
+    const long sent = acked + tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge);
+    if (detail.empty() && tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0) detail = "No Acknowledge";
+    if (detail.empty() && acked < part.expected) detail = "frames dropped";
+    if (detail.empty() && reading && part.replies < part.expected)
+        detail = "answered " + std::to_string(part.replies) + " of " + std::to_string(part.expected) + " requests";
+    const bool failed = !detail.empty();
+    const std::string counts = reading ? std::to_string(part.replies) + " replies"
+                                       : std::to_string(sent) + " frames sent, " +
+                                             (blind > 0 ? "no acknowledge asked" : std::to_string(acked) + " acknowledged");
+    return {part.camera, action, failed, failed ? detail + " (" + counts + ")" : counts};
+}
+
+CameraSettings Session::settingsOf(int camera) const {
+    const SettingStores& stores = station_.stores;
+    CameraSettings out;
+    for (std::size_t j = 0; j < out.main.size(); ++j)
+        out.main[j] = stores.MainScnData(static_cast<int>(j + 1), camera, 0);
+    auto key = [](std::string code) {
+        for (char& c : code) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        return code;
+    };
+    const int sceneRows = static_cast<int>(val(stores.FuncScnData(0, 0, 0)));
+    for (int r = 1; r <= sceneRows; ++r) out.items[key(stores.FuncScnData(r, 0, 0))] = stores.FuncScnData(r, camera, 0);
+    const int rows = static_cast<int>(val(stores.FuncData(0, 0)));
+    for (int r = 1; r <= rows; ++r) out.items[key(stores.FuncData(r, 0))] = stores.FuncData(r, camera);
+    return out;
+}
+
+bool Session::verify(const std::string& file, const std::string& cameraText) {
+    const std::vector<int> cameras = cameraList(cameraText);
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw RunError(ExitStatus::BadFile, "verify: cannot read " + file);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (const auto problem = checkRestore(text.str(), cameras, definitions))
+        throw RunError(ExitStatus::BadFile, file + (problem->line > 0 ? ":" + std::to_string(problem->line) : "") +
+                                                ": " + problem->reason + "; nothing was verified");
+    // The station takes the file's settings; each camera's selected scene is then the
+    // working copy that its reading overwrites.
+    const std::string path = std::filesystem::absolute(file).string();
+    commands_.dialogs().answerNextOpen(path);
+    station_.OPEN_Click();
+    if (station_.setupFile.FileName != path) throw RunError(ExitStatus::BadFile, "verify: cannot open " + path);
+
+    bool allSame = true;
+    for (const int camera : cameras) {
+        const auto type = findTypeDefinition(definitions, station_.shared.cams.CamType(camera));
+        CameraSettings fromFile;
+        if (commands_.execute("camera " + std::to_string(camera)) == "OK") fromFile = settingsOf(camera);
+        Outcome o = outcomeOf(onePage(camera, true, true, false), "verify");
+        if (!o.failed && type) {
+            const std::vector<std::string> differ = settingDifferences(camera, fromFile, settingsOf(camera), *type);
+            for (const std::string& d : differ) out_ << d << "\n";
+            o.failed = !differ.empty();
+            o.detail = differ.empty() ? "as " + file + " says"
+                                      : std::to_string(differ.size()) + (differ.size() == 1 ? " setting differs" : " settings differ") +
+                                            " from " + file;
+        }
+        outcomes_.push_back(o);
+        allSame = allSame && !o.failed;
+    }
+    waitUntilSent(cameraTimeLimit(1, allowance));
+    return allSame;
 }
 
 bool Session::autoSetup(const std::string& which, const std::string& camera) {

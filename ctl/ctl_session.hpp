@@ -4,6 +4,7 @@
 // (read, write, auto with a camera) wait until the line is done with the camera; every
 // other command is a remote command and waits until the frames it queued have gone out.
 
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "ctl/camera_time_limit.hpp"
 #include "ctl/link_tally.hpp"
 #include "ctl/progress_line.hpp"
+#include "ctl/setting_compare.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 
@@ -40,6 +42,8 @@ public:
 
     // How long each camera may take; the defaults suit a line at 9600 bit/s.
     TimeAllowance allowance;
+    // The camera-type definitions the station uses (verify names items by them).
+    std::filesystem::path definitions{"."};
 
     // Waits until the link's watches are idle after start-up.
     void settle();
@@ -58,6 +62,25 @@ private:
         bool failed;
         std::string detail;
     };
+
+    // One camera's part of a page read or send.
+    struct Part {
+        int camera;
+        long first;     // the index of its first frame in the tally's record
+        long expected;  // frames its page queued
+        long replies;   // good frames received while it was read
+        std::string failure;
+    };
+    // `last`: no camera follows in this command; `store`: what was read becomes the
+    // camera's selected scene.
+    Part onePage(int camera, bool reading, bool last, bool store);
+    Outcome outcomeOf(const Part& part, const std::string& action) const;
+
+    // "verify FILE CAMERAS": reads the cameras and lists every setting that differs from
+    // FILE; changes neither. A damaged FILE ends the run (RunError).
+    bool verify(const std::string& file, const std::string& cameras);
+    // The camera's settings in the station: the working copy and its function items.
+    CameraSettings settingsOf(int camera) const;
 
     bool remote(const std::string& line);
     bool pageOf(const std::string& action, const std::string& cameras);

@@ -106,6 +106,7 @@ int run(const ctl::CtlOptions& options) {
     station.link.watch(&tally);
     ctl::Session session(station, commands, ticks, tally, messages, std::cout, std::cerr, options.quiet,
                          ::isatty(STDERR_FILENO) == 1);
+    session.definitions = definitions;
 
     station.Form_Load();
     if (options.setup) {

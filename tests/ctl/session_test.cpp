@@ -7,10 +7,12 @@
 #include <sstream>
 
 #include "ctl/ctl_session.hpp"
+#include "ctl/exit_status.hpp"
 #include "remote/preset_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station::ctl {
 namespace {
@@ -106,6 +108,45 @@ TEST(CtlSession, SpoiltRepliesAreNotCounted) {
     rig.camera(1).faults.badChecksum = 3;  // three answers arrive spoilt and are sent again clean
     ASSERT_TRUE(rig.session.run("read 1")) << rig.err.str();
     EXPECT_EQ(rig.tally.counts().received, rig.tally.counts().acknowledged);
+}
+
+std::string fileText(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
+
+TEST(CtlSession, VerifyNamesAChangedFunctionItem) {
+    SessionRig rig;
+    rig.session.definitions = STATION_SAMPLES_DIR;
+    const std::string before = fileText(kStudio);
+    ASSERT_TRUE(rig.session.run("write 1")) << rig.err.str();
+    ASSERT_TRUE(rig.session.run("verify " + std::string(kStudio) + " 1")) << rig.out.str() << rig.err.str();
+
+    // Someone changes the gamma mode on camera 1 (scene 1 holds CINE in the file).
+    ASSERT_TRUE(rig.session.run("function Gamma \"Gamma Mode\" FILM")) << rig.out.str();
+    rig.out.str("");
+    EXPECT_FALSE(rig.session.run("verify " + std::string(kStudio) + " 1"));
+    EXPECT_EQ(rig.out.str(), "camera 1: Gamma / Gamma Mode: file CINE camera FILM\n");
+    EXPECT_EQ(fileText(kStudio), before);  // the file is never written
+    EXPECT_EQ(rig.session.finish(), 1);
+    EXPECT_NE(rig.err.str().find("camera 1 (ST1, ID 1) verify: FAILED, 1 setting differs from"), std::string::npos)
+        << rig.err.str();
+}
+
+TEST(CtlSession, VerifyRefusesADamagedFileAndASilentCameraFails) {
+    SessionRig rig;
+    rig.session.definitions = STATION_SAMPLES_DIR;
+    testing::TempFolder folder;
+    const auto cut = folder.write("cut.csd", fileText(kStudio).substr(0, 900));
+    EXPECT_THROW(rig.session.run("verify " + cut.string() + " 1"), RunError);
+    rig.camera(2).faults.silent = true;
+    EXPECT_FALSE(rig.session.run("verify " + std::string(kStudio) + " 2"));
+    EXPECT_EQ(rig.out.str(), "");
+    EXPECT_EQ(rig.session.finish(), 1);
+    EXPECT_NE(rig.err.str().find("camera 2 (ST1, ID 2) verify: FAILED, No Acknowledge"), std::string::npos)
+        << rig.err.str();
 }
 
 }  // namespace
