@@ -16,10 +16,10 @@ SaveDecision decideSave(const std::string& target, bool runFailed, const std::ve
     const std::string cameras = (unread.size() == 1 ? "camera " : "cameras ") + cameraWords(unread);
     if (!runFailed) return {true, {}};
     if (!partial) {
-        const std::string why = unread.empty() ? "the run did not finish" : cameras + " did not answer every read";
+        const std::string why = unread.empty() ? "a command failed" : cameras + " did not answer every read";
         return {false, target + " was not written, it is as it was before: " + why + " (--partial writes what was read)"};
     }
-    if (unread.empty()) return {true, target + " holds what was read before the run stopped"};
+    if (unread.empty()) return {true, target + " holds what was read although a command failed"};
     return {true, target + " is partial: the columns of " + cameras + " are from " + columnsFrom + ", not read"};
 }
 

@@ -59,7 +59,10 @@ TEST(BackupPolicy, WritesOnlyAfterEveryCameraAnswered) {
     EXPECT_FALSE(refused.write);
     EXPECT_EQ(refused.note, "b.csd was not written, it is as it was before: camera 3 did not answer every read "
                             "(--partial writes what was read)");
-    EXPECT_FALSE(decideSave("b.csd", true, {}, false, "s.csd").write);  // a refused command
+    const SaveDecision afterRefusal = decideSave("b.csd", true, {}, false, "s.csd");
+    EXPECT_FALSE(afterRefusal.write);
+    EXPECT_EQ(afterRefusal.note, "b.csd was not written, it is as it was before: a command failed "
+                                 "(--partial writes what was read)");
     const SaveDecision partial = decideSave("b.csd", true, {1, 3, 5}, true, "s.csd");
     EXPECT_TRUE(partial.write);
     EXPECT_EQ(partial.note, "b.csd is partial: the columns of cameras 1, 3 and 5 are from s.csd, not read");
