@@ -65,16 +65,24 @@ std::string Session::cameraName(int camera) const {
 }
 
 void Session::settle() {
-    ticks_.runUntil([this] { return station_.link.AckWait() < 0 && station_.link.AnsWait() < 0; }, milliseconds(2000));
+    ticks_.runUntil([this] { return !awaitingAcknowledge() && !awaitingAnswer(); }, milliseconds(2000));
 }
 
 bool Session::waitUntilSent(Micros limit) {
     return ticks_.runUntil(
-        [this] { return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0; }, limit);
+        [this] { return queued() == 0 && !awaitingAcknowledge(); }, limit);
 }
 
+// What the session reads of the station's line and settings; all in one place.
+int Session::queued() const { return station_.link.queue().SendCnt(); }
+bool Session::awaitingAcknowledge() const { return station_.link.AckWait() >= 0; }
+bool Session::awaitingAnswer() const { return station_.link.AnsWait() >= 0; }
+bool Session::handshake() const { return station_.shared.AckMode == 0; }
+int Session::sceneOf(int camera) const { return station_.shared.ScnNo(camera); }
+std::string Session::cameraType(int camera) const { return station_.shared.cams.CamType(camera); }
+
 void Session::giveUp() {
-    tally_.ended(FrameEnd::GivenUp, station_.link.queue().SendCnt());
+    tally_.ended(FrameEnd::GivenUp, queued());
     station_.link.giveUpQueued();
 }
 
@@ -131,15 +139,13 @@ bool Session::run(const std::string& line) {
 }
 
 bool Session::remote(const std::string& line) {
-    const int before = station_.link.queue().SendCnt();
     const std::string reply = commands_.execute(line);
     out_ << reply << "\n";
     if (reply.rfind("ERR", 0) == 0) {
         refused_ = true;
         return false;
     }
-    const int queued = station_.link.queue().SendCnt() - before;
-    if (!waitUntilSent(cameraTimeLimit(queued + before, allowance))) {
+    if (!waitUntilSent(cameraTimeLimit(queued(), allowance))) {
         giveUp();
         err_ << "corvane-ctl: " << line << ": the camera did not take its frames in time; they were dropped\n";
         refused_ = true;
@@ -152,27 +158,27 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
     const std::string select = commands_.execute("camera " + std::to_string(camera));
     if (select != "OK") return {camera, tally_.settled(), 0, 0, select};
     const int failuresBefore = messages_.failures();
-    const long first = tally_.settled() + station_.link.queue().SendCnt();
+    const long first = tally_.settled() + queued();
     const std::string reply = commands_.execute(reading ? "page read" : "page send");
-    Part part{camera, first, tally_.settled() + station_.link.queue().SendCnt() - first, 0, {}};
+    Part part{camera, first, tally_.settled() + queued() - first, 0, {}};
     if (reply != "OK") part.failure = reply;
     else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
     if (!part.failure.empty()) {
         giveUp();
         return part;
     }
-    const bool blind = station_.shared.AckMode != 0;
+    const bool blind = !handshake();
     const long receivedBefore = tally_.counts().received;
     progress_.begin(cameraName(camera) + " " + (reading ? "read" : "write"), part.expected);
-    int queued = station_.link.queue().SendCnt();
+    int queuedBefore = queued();
     Micros lastReply = ticks_.now();
     auto failed = [&] {
         return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
                tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
     };
     ticks_.afterTick = [&] {
-        if (blind) tally_.ended(FrameEnd::SentBlind, queued - station_.link.queue().SendCnt());
-        queued = station_.link.queue().SendCnt();
+        if (blind) tally_.ended(FrameEnd::SentBlind, queuedBefore - queued());
+        queuedBefore = queued();
         if (tally_.counts().received - receivedBefore != part.replies) {
             part.replies = tally_.counts().received - receivedBefore;
             lastReply = ticks_.now();
@@ -190,9 +196,9 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
         [&] {
             if (failed()) return true;
             if (reading)
-                return tally_.settled() >= end && station_.link.AckWait() < 0 &&
+                return tally_.settled() >= end && !awaitingAcknowledge() &&
                        (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
-            return tally_.settled() >= (last ? end : end - 1) && station_.link.queue().SendCnt() <= (last ? 0 : 1);
+            return tally_.settled() >= (last ? end : end - 1) && queued() <= (last ? 0 : 1);
         },
         cameraTimeLimit(part.expected, allowance));
     ticks_.afterTick = nullptr;
@@ -202,7 +208,7 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
     }
     if (store && part.failure.empty() && !failed() && part.replies >= part.expected) {
         // The settings read are in the working copy; they become the selected scene.
-        const std::string stored = commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
+        const std::string stored = commands_.execute("scene store " + std::to_string(sceneOf(camera)));
         if (stored != "OK") part.failure = stored;
     }
     progress_.end(!part.failure.empty() ? part.failure
@@ -281,7 +287,7 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
 
     bool allSame = true;
     for (const int camera : cameras) {
-        const auto type = findTypeDefinition(definitions, station_.shared.cams.CamType(camera));
+        const auto type = findTypeDefinition(definitions, cameraType(camera));
         CameraSettings fromFile;
         if (commands_.execute("camera " + std::to_string(camera)) == "OK") fromFile = settingsOf(camera);
         Outcome o = outcomeOf(onePage(camera, true, true, false), "verify");

@@ -87,6 +87,12 @@ private:
     bool autoSetup(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
     void giveUp();
+    int queued() const;
+    bool awaitingAcknowledge() const;
+    bool awaitingAnswer() const;
+    bool handshake() const;
+    int sceneOf(int camera) const;
+    std::string cameraType(int camera) const;
     std::string cameraName(int camera) const;
 
     Station& station_;
