@@ -108,7 +108,7 @@ bool Session::run(const std::string& line) {
             const std::string which = words.take("white or black");
             const std::string camera = words.done() ? "" : words.take("camera");
             words.end();
-            return autoSetup(which, camera);
+            return autoRun(which, camera);
         }
         if (verb == "raw") {
             words.take("command");
@@ -276,7 +276,7 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
     std::ostringstream text;
     text << in.rdbuf();
     if (const auto problem = checkRestore(text.str(), cameras, definitions))
-        throw RunError(ExitStatus::BadFile, file + (problem->line > 0 ? ":" + std::to_string(problem->line) : "") +
+        throw RunError(ExitStatus::BadFile, file + (problem->lineNumber > 0 ? ":" + std::to_string(problem->lineNumber) : "") +
                                                 ": " + problem->reason + "; nothing was verified");
     // The station takes the file's settings; each camera's selected scene is then the
     // working copy that its reading overwrites.
@@ -306,7 +306,7 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
     return allSame;
 }
 
-bool Session::autoSetup(const std::string& which, const std::string& camera) {
+bool Session::autoRun(const std::string& which, const std::string& camera) {
     int number = station_.shared.CamNo;
     if (!camera.empty()) {
         number = cameraList(camera).front();

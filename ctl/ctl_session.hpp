@@ -84,7 +84,7 @@ private:
 
     bool remote(const std::string& line);
     bool pageOf(const std::string& action, const std::string& cameras);
-    bool autoSetup(const std::string& which, const std::string& camera);
+    bool autoRun(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
     void giveUp();
     int queued() const;

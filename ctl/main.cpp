@@ -59,7 +59,7 @@ void checkRestores(const ctl::CtlOptions& options, const fs::path& definitions) 
     text << in.rdbuf();
     if (const auto problem = ctl::checkRestore(text.str(), cameras, definitions))
         throw ctl::RunError(ctl::ExitStatus::BadFile,
-                            name + (problem->line > 0 ? ":" + std::to_string(problem->line) : std::string()) + ": " +
+                            name + (problem->lineNumber > 0 ? ":" + std::to_string(problem->lineNumber) : std::string()) + ": " +
                                 problem->reason + "; nothing was restored");
 }
 

@@ -15,7 +15,7 @@
 namespace station::ctl {
 
 struct RestoreProblem {
-    int line = 0;  // 1-based; 0 when the problem is the file as a whole
+    int lineNumber = 0;  // from 1; 0 when the problem is the file as a whole
     std::string reason;
 };
 

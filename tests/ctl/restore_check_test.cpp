@@ -54,7 +54,7 @@ TEST(RestoreCheck, RefusesDamagedFilesWithLineAndReason) {
     for (const Damage& d : cases) {
         const auto problem = checkRestore(d.text, d.cameras, STATION_SAMPLES_DIR);
         ASSERT_TRUE(problem.has_value()) << d.what;
-        EXPECT_EQ(problem->line, d.line) << d.what << ": " << problem->reason;
+        EXPECT_EQ(problem->lineNumber, d.line) << d.what << ": " << problem->reason;
         EXPECT_NE(problem->reason.find(d.reason), std::string::npos) << d.what << ": " << problem->reason;
     }
 }
@@ -72,7 +72,7 @@ TEST(RestoreCheck, TypeWithoutDefinitionIsNamed) {
     testing::TempFolder empty;
     const auto problem = checkRestore(studio(), {3}, empty.path());
     ASSERT_TRUE(problem.has_value());
-    EXPECT_EQ(problem->line, 7);
+    EXPECT_EQ(problem->lineNumber, 7);
     EXPECT_EQ(problem->reason, "no definition of camera type HD3 (camera 3) in " + empty.path().string());
 }
 
