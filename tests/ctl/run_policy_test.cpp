@@ -5,7 +5,6 @@
 #include <sstream>
 
 #include "ctl/backup_policy.hpp"
-#include "ctl/camera_time_limit.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/progress_line.hpp"
@@ -73,14 +72,6 @@ TEST(RunMessages, OneLineEach) {
               "No such file or directory; The station works without the line.");
     EXPECT_EQ(oneLine("a\r\nb\n"), "a; b");
     EXPECT_EQ(oneLine("plain"), "plain");
-}
-
-TEST(CameraTimeLimit, FollowsTheFramesExpected) {
-    // A page read of 28 requests: seconds, not the two minutes a camera once had.
-    EXPECT_EQ(cameraTimeLimit(28), Micros(28 * 160'000 + 1'600'000));
-    EXPECT_EQ(cameraTimeLimit(0), Micros(1'600'000));
-    EXPECT_EQ(cameraTimeLimit(-3), Micros(1'600'000));
-    EXPECT_EQ(cameraTimeLimit(10, {Micros(10'000), Micros(5'000)}), Micros(105'000));
 }
 
 TEST(ProgressLine, CountsUpInPlaceOnlyOnATerminal) {
