@@ -28,6 +28,14 @@ void CtlMessages::show(const std::string& text, Icon icon) {
     if (icon != Icon::Information) ++failures_;
 }
 
+void ReplyCount::frameReceived(const Bytes&, bool good) {
+    if (good && camera_ >= 0 && camera_ <= kMaxCamera) ++replies_.at(static_cast<std::size_t>(camera_));
+}
+
+long ReplyCount::replies(int camera) const {
+    return camera >= 0 && camera <= kMaxCamera ? replies_.at(static_cast<std::size_t>(camera)) : 0;
+}
+
 std::vector<int> cameraList(const std::string& text) {
     std::vector<int> cameras;
     std::size_t start = 0;
@@ -53,37 +61,23 @@ std::vector<int> cameraList(const std::string& text) {
     return cameras;
 }
 
-Session::Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
+Session::Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
                  CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal)
-    : station_(station), commands_(commands), ticks_(ticks), tally_(tally), messages_(messages), out_(out),
-      err_(err), progress_(err, terminal, quiet) {}
-
-std::string Session::cameraName(int camera) const {
-    const auto& cams = station_.shared.cams;
-    const std::string type = cams.CamType(camera);
-    return "camera " + std::to_string(camera) + (type.empty() ? " (no type)" : " (" + type + ", ID " + cams.CamID(camera) + ")");
-}
+    : commands_(commands), view_(commands.readout()), ticks_(ticks), replies_(replies), tally_(tally),
+      messages_(messages), out_(out), err_(err), progress_(err, terminal, quiet) {}
 
 void Session::settle() {
-    ticks_.runUntil([this] { return !awaitingAcknowledge() && !awaitingAnswer(); }, milliseconds(2000));
+    ticks_.runUntil([this] { return !view_.awaitingAcknowledge() && !view_.awaitingAnswer(); }, milliseconds(2000));
 }
 
 bool Session::waitUntilSent(Micros limit) {
     return ticks_.runUntil(
-        [this] { return queued() == 0 && !awaitingAcknowledge(); }, limit);
+        [this] { return view_.queued() == 0 && !view_.awaitingAcknowledge(); }, limit);
 }
 
-// What the session reads of the station's line and settings; all in one place.
-int Session::queued() const { return station_.link.queue().SendCnt(); }
-bool Session::awaitingAcknowledge() const { return station_.link.AckWait() >= 0; }
-bool Session::awaitingAnswer() const { return station_.link.AnsWait() >= 0; }
-bool Session::handshake() const { return station_.shared.AckMode == 0; }
-int Session::sceneOf(int camera) const { return station_.shared.ScnNo(camera); }
-std::string Session::cameraType(int camera) const { return station_.shared.cams.CamType(camera); }
-
 void Session::giveUp() {
-    tally_.ended(FrameEnd::GivenUp, queued());
-    station_.link.giveUpQueued();
+    tally_.ended(FrameEnd::GivenUp, view_.queued());
+    (void)commands_.actions().dropQueued();
 }
 
 bool Session::run(const std::string& line) {
@@ -114,10 +108,7 @@ bool Session::run(const std::string& line) {
             words.take("command");
             const std::string hex = words.take("hex bytes");
             words.end();
-            commands_.gesture([this, &hex] {
-                station_.console.Text1.setText(hex);
-                station_.console.Command1_Click();
-            });
+            commands_.perform(commands_.actions().consoleFrame(hex));
             ticks_.run(milliseconds(200));
             return true;
         }
@@ -145,7 +136,7 @@ bool Session::remote(const std::string& line) {
         refused_ = true;
         return false;
     }
-    if (!waitUntilSent(cameraTimeLimit(queued(), allowance))) {
+    if (!waitUntilSent(cameraTimeLimit(view_.queued(), allowance))) {
         giveUp();
         err_ << "corvane-ctl: " << line << ": the camera did not take its frames in time; they were dropped\n";
         refused_ = true;
@@ -158,29 +149,29 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
     const std::string select = commands_.execute("camera " + std::to_string(camera));
     if (select != "OK") return {camera, tally_.settled(), 0, 0, select};
     const int failuresBefore = messages_.failures();
-    const long first = tally_.settled() + queued();
+    const long first = tally_.settled() + view_.queued();
     const std::string reply = commands_.execute(reading ? "page read" : "page send");
-    Part part{camera, first, tally_.settled() + queued() - first, 0, {}};
+    Part part{camera, first, tally_.settled() + view_.queued() - first, 0, {}};
     if (reply != "OK") part.failure = reply;
     else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
     if (!part.failure.empty()) {
         giveUp();
         return part;
     }
-    const bool blind = !handshake();
-    const long receivedBefore = tally_.counts().received;
-    progress_.begin(cameraName(camera) + " " + (reading ? "read" : "write"), part.expected);
-    int queuedBefore = queued();
+    const bool blind = !view_.handshake();
+    const long receivedBefore = replies_.replies(camera);
+    progress_.begin(view_.cameraName(camera) + " " + (reading ? "read" : "write"), part.expected);
+    int queuedBefore = view_.queued();
     Micros lastReply = ticks_.now();
     auto failed = [&] {
         return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
                tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
     };
     ticks_.afterTick = [&] {
-        if (blind) tally_.ended(FrameEnd::SentBlind, queuedBefore - queued());
-        queuedBefore = queued();
-        if (tally_.counts().received - receivedBefore != part.replies) {
-            part.replies = tally_.counts().received - receivedBefore;
+        if (blind) tally_.ended(FrameEnd::SentBlind, queuedBefore - view_.queued());
+        queuedBefore = view_.queued();
+        if (replies_.replies(camera) - receivedBefore != part.replies) {
+            part.replies = replies_.replies(camera) - receivedBefore;
             lastReply = ticks_.now();
         }
         // A camera that does not answer would keep the line for a second per frame:
@@ -196,9 +187,9 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
         [&] {
             if (failed()) return true;
             if (reading)
-                return tally_.settled() >= end && !awaitingAcknowledge() &&
+                return tally_.settled() >= end && !view_.awaitingAcknowledge() &&
                        (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
-            return tally_.settled() >= (last ? end : end - 1) && queued() <= (last ? 0 : 1);
+            return tally_.settled() >= (last ? end : end - 1) && view_.queued() <= (last ? 0 : 1);
         },
         cameraTimeLimit(part.expected, allowance));
     ticks_.afterTick = nullptr;
@@ -208,7 +199,7 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
     }
     if (store && part.failure.empty() && !failed() && part.replies >= part.expected) {
         // The settings read are in the working copy; they become the selected scene.
-        const std::string stored = commands_.execute("scene store " + std::to_string(sceneOf(camera)));
+        const std::string stored = commands_.execute("scene store " + std::to_string(view_.sceneOf(camera)));
         if (stored != "OK") part.failure = stored;
     }
     progress_.end(!part.failure.empty() ? part.failure
@@ -254,18 +245,12 @@ Session::Outcome Session::outcomeOf(const Part& part, const std::string& action)
 }
 
 CameraSettings Session::settingsOf(int camera) const {
-    const SettingStores& stores = station_.stores;
     CameraSettings out;
-    for (std::size_t j = 0; j < out.main.size(); ++j)
-        out.main[j] = stores.MainScnData(static_cast<int>(j + 1), camera, 0);
-    auto key = [](std::string code) {
+    for (std::size_t j = 0; j < out.main.size(); ++j) out.main[j] = view_.mainSetting(static_cast<int>(j + 1), camera);
+    for (auto [code, value] : view_.functionSettings(camera)) {
         for (char& c : code) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
-        return code;
-    };
-    const int sceneRows = static_cast<int>(val(stores.FuncScnData(0, 0, 0)));
-    for (int r = 1; r <= sceneRows; ++r) out.items[key(stores.FuncScnData(r, 0, 0))] = stores.FuncScnData(r, camera, 0);
-    const int rows = static_cast<int>(val(stores.FuncData(0, 0)));
-    for (int r = 1; r <= rows; ++r) out.items[key(stores.FuncData(r, 0))] = stores.FuncData(r, camera);
+        out.items[code] = value;
+    }
     return out;
 }
 
@@ -282,12 +267,12 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
     // working copy that its reading overwrites.
     const std::string path = std::filesystem::absolute(file).string();
     commands_.dialogs().answerNextOpen(path);
-    station_.OPEN_Click();
-    if (station_.setupFile.FileName != path) throw RunError(ExitStatus::BadFile, "verify: cannot open " + path);
+    (void)commands_.actions().open();  // a failure is told on the error stream; the name tells the outcome
+    if (view_.fileName() != path) throw RunError(ExitStatus::BadFile, "verify: cannot open " + path);
 
     bool allSame = true;
     for (const int camera : cameras) {
-        const auto type = findTypeDefinition(definitions, cameraType(camera));
+        const auto type = findTypeDefinition(definitions, view_.cameraType(camera));
         CameraSettings fromFile;
         if (commands_.execute("camera " + std::to_string(camera)) == "OK") fromFile = settingsOf(camera);
         Outcome o = outcomeOf(onePage(camera, true, true, false), "verify");
@@ -307,22 +292,21 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
 }
 
 bool Session::autoRun(const std::string& which, const std::string& camera) {
-    int number = station_.shared.CamNo;
+    int number = view_.selectedCamera();
     if (!camera.empty()) {
         number = cameraList(camera).front();
         if (!remote("camera " + std::to_string(number))) return false;
     }
-    progress_.note(cameraName(number) + ": auto " + which);
+    progress_.note(view_.cameraName(number) + ": auto " + which);
     const std::string reply = commands_.execute("auto " + which);
     if (reply != "OK") {
         out_ << reply << "\n";
         outcomes_.push_back({number, "auto " + which, true, reply});
         return false;
     }
-    const Form6& message = station_.form6;
     const bool answered = ticks_.runUntil(
-        [&] { return message.Label2.Caption != "Now doing" || !message.form.Visible; }, milliseconds(60'000));
-    std::string result = message.Label2.Caption;
+        [&] { return view_.autoResult() != "Now doing" || !view_.autoShown(); }, milliseconds(60'000));
+    std::string result = view_.autoResult();
     if (!answered || result == "Now doing") result = "no result";
     const bool failed = result.rfind("OK", 0) != 0;
     out_ << "auto " << which << " " << number << ": " << result << "\n";
@@ -333,7 +317,7 @@ bool Session::autoRun(const std::string& which, const std::string& camera) {
 int Session::finish() {
     bool failed = refused_;
     for (const Outcome& o : outcomes_) {
-        err_ << "corvane-ctl: " << cameraName(o.camera) << " " << o.action << ": " << (o.failed ? "FAILED, " : "")
+        err_ << "corvane-ctl: " << view_.cameraName(o.camera) << " " << o.action << ": " << (o.failed ? "FAILED, " : "")
              << o.detail << "\n";
         failed = failed || o.failed;
     }

@@ -4,13 +4,14 @@
 // (read, write, auto with a camera) wait until the line is done with the camera; every
 // other command is a remote command and waits until the frames it queued have gone out.
 
+#include <array>
 #include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "common/messages.hpp"
-#include "common/serial_port.hpp"
+#include "common/shared.hpp"
 #include "ctl/camera_time_limit.hpp"
 #include "ctl/link_tally.hpp"
 #include "ctl/progress_line.hpp"
@@ -34,10 +35,26 @@ private:
     std::string last_;
 };
 
+// The replies the line took cleanly, credited to the camera the last frame sent was queued
+// for (a reply answers the request before it), whichever camera is selected meanwhile.
+class ReplyCount final : public LinkEvents {
+public:
+    void frameSent(const SendRec& sent, bool) override { camera_ = sent.Camera; }
+    void frameAcknowledged(const SendRec&) override {}
+    void frameReceived(const Bytes& frame, bool good) override;
+    void noAcknowledge(const SendRec&) override {}
+    void noAnswer() override {}
+    long replies(int camera) const;
+
+private:
+    int camera_ = 0;
+    std::array<long, kMaxCamera + 1> replies_{};
+};
+
 class Session {
 public:
     // `terminal`: standard error is a terminal (progress counts up in place).
-    Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, LinkTally& tally,
+    Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
             CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal = false);
 
     // How long each camera may take; the defaults suit a line at 9600 bit/s.
@@ -45,7 +62,7 @@ public:
     // The camera-type definitions the station uses (verify names items by them).
     std::filesystem::path definitions{"."};
 
-    // Waits until the link's watches are idle after start-up.
+    // Waits until the line's acknowledge and answer watches are idle after start-up.
     void settle();
     // Carries out one command; false when it was refused or a camera failed.
     bool run(const std::string& line);
@@ -87,17 +104,11 @@ private:
     bool autoRun(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
     void giveUp();
-    int queued() const;
-    bool awaitingAcknowledge() const;
-    bool awaitingAnswer() const;
-    bool handshake() const;
-    int sceneOf(int camera) const;
-    std::string cameraType(int camera) const;
-    std::string cameraName(int camera) const;
 
-    Station& station_;
     remote::CommandSet& commands_;
+    const StationReadout& view_;
     TickLoop& ticks_;
+    ReplyCount& replies_;
     LinkTally& tally_;
     CtlMessages& messages_;
     std::ostream& out_;

@@ -28,9 +28,9 @@ fs::path chooseDefinitions(const std::optional<fs::path>& option, const std::vec
     return workingFolder;
 }
 
-std::vector<fs::path> definitionCandidates(const std::optional<fs::path>& setupFile) {
+std::vector<fs::path> definitionCandidates(const std::optional<fs::path>& setupPath) {
     std::vector<fs::path> out;
-    if (setupFile) out.push_back(fs::absolute(*setupFile).parent_path());
+    if (setupPath) out.push_back(fs::absolute(*setupPath).parent_path());
     if (const auto file = rememberedSettingFile(std::getenv("XDG_CONFIG_HOME"), std::getenv("HOME")))
         if (const auto folder = readRememberedFolder(*file)) out.push_back(*folder);
     out.push_back(STATION_SAMPLES_INSTALLED);

@@ -19,6 +19,6 @@ std::filesystem::path chooseDefinitions(const std::optional<std::filesystem::pat
 
 // The candidates of this machine: the setup file's folder (when there is one), the
 // remembered folder (from the environment's configuration folder), the installed samples.
-std::vector<std::filesystem::path> definitionCandidates(const std::optional<std::filesystem::path>& setupFile);
+std::vector<std::filesystem::path> definitionCandidates(const std::optional<std::filesystem::path>& setupPath);
 
 }  // namespace station::ctl

@@ -20,7 +20,7 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
@@ -90,21 +90,23 @@ int run(const ctl::CtlOptions& options) {
         }
     }
 
-    SerialPort& port = *device;
     ctl::CtlMessages messages(std::cerr);
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs(none);
+    NoDialogs none;
+    PresetDialogs dialogs(none);
     DiskWriter writer;
-    Station station({port, messages, dialogs, writer, definitions});
+    ctl::ReplyCount replies;  // watch the station's line: outlive it
+    ctl::LinkTally tally;
+    Station station({*device, messages, dialogs, writer, definitions});
+    station.watchLine(replies);
+    station.watchLine(tally);
     remote::CommandSet commands(station, dialogs, {});
+    Actions& actions = commands.actions();
 
     std::unique_ptr<ctl::Clock> clock;
     if (line) clock = std::make_unique<ctl::LineClock>(*line);
     else clock = std::make_unique<ctl::RealClock>();
     ctl::TickLoop ticks(station, *clock);
-    ctl::LinkTally tally(station.link.watcher());
-    station.link.watch(&tally);
-    ctl::Session session(station, commands, ticks, tally, messages, std::cout, std::cerr, options.quiet,
+    ctl::Session session(commands, ticks, replies, tally, messages, std::cout, std::cerr, options.quiet,
                          ::isatty(STDERR_FILENO) == 1);
     session.definitions = definitions;
 
@@ -112,8 +114,8 @@ int run(const ctl::CtlOptions& options) {
     if (options.setup) {
         const std::string path = fs::absolute(*options.setup).string();
         dialogs.answerNextOpen(path);
-        station.OPEN_Click();
-        if (station.setupFile.FileName != path) throw std::invalid_argument("cannot open " + path);
+        (void)actions.open();  // a failure is told on the error stream; the name tells the outcome
+        if (actions.readout().fileName() != path) throw std::invalid_argument("cannot open " + path);
     }
     session.settle();
 
@@ -130,8 +132,8 @@ int run(const ctl::CtlOptions& options) {
         if (decision.write) {
             const int before = messages.failures();
             dialogs.answerNextSave(path);
-            station.SAVE_AS_Click();
-            if (messages.failures() != before || station.setupFile.FileName != path)
+            (void)actions.saveAs();
+            if (messages.failures() != before || actions.readout().fileName() != path)
                 throw ctl::RunError(ctl::ExitStatus::BadFile, path + " was not saved");
             std::cerr << "corvane-ctl: saved " << path << "\n";
         }
@@ -160,7 +162,7 @@ int main(int argc, char** argv) {
         std::cerr << "corvane-ctl: " << ctl::oneLine(e.what()) << "\n";
         return static_cast<int>(e.status());
     } catch (const RuntimeError& e) {
-        std::cerr << "corvane-ctl: Run-time error " << e.number() << ": " << e.what() << "\n";
+        std::cerr << "corvane-ctl: " << runtimeErrorText(e) << "\n";
     } catch (const std::exception& e) {
         std::cerr << "corvane-ctl: " << e.what() << "\n";
     }

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "common/bytes.hpp"
 #include "common/controls.hpp"
@@ -67,9 +68,9 @@ public:
     // command-line station's time limit); the station's own windows never call it.
     void giveUpQueued();
 
-    // Who watches the line; nothing by default. The watcher must outlive the link.
-    void watch(LinkEvents* events) { events_ = events; }
-    LinkEvents* watcher() const { return events_; }
+    // Adds a watcher of the line (the line's state; a client counting replies); none by
+    // default. Each watcher must outlive the link.
+    void watch(LinkEvents* events) { events_.push_back(events); }
 
     // Timers of the main window that drive the three ticks above.
     Timer Timer1;
@@ -104,7 +105,7 @@ private:
     const Bytes nakByte_{0x15};
     Integer testCnt_ = 0;
     Bytes testData_;
-    LinkEvents* events_ = nullptr;
+    std::vector<LinkEvents*> events_;
 };
 
 }  // namespace station

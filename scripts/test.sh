@@ -6,11 +6,14 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/install-deps.sh"
 jobs=$(nproc)
+# Rebuilds reuse what an earlier build compiled (ccache is one of the packages installed).
+export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR="$root" CCACHE_NOHASHDIR=1
 
 cmake -S "$root" -B "$root/build/gcc" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
   -DCMAKE_CXX_COMPILER=g++ -DSTATION_BENCH=ON -DSTATION_UI=ON
 cmake --build "$root/build/gcc" -j "$jobs"
 ctest --test-dir "$root/build/gcc" --output-on-failure -j "$jobs"
+"$root/scripts/build-minimal.sh"
 
 cmake -S "$root" -B "$root/build/asan" -G Ninja -DCMAKE_BUILD_TYPE=Debug \
   -DCMAKE_CXX_COMPILER=clang++ -DSTATION_SANITIZE=ON -DSTATION_BENCH=OFF -DSTATION_UI=ON

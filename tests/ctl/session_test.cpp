@@ -6,9 +6,10 @@
 #include <fstream>
 #include <sstream>
 
+#include "app/station.hpp"
 #include "ctl/ctl_session.hpp"
 #include "ctl/exit_status.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
@@ -27,7 +28,8 @@ public:
         sim::LineSetup setup;
         sim::readSetupData(in, setup);
         setup.build(line);
-        station.link.watch(&tally);
+        station.watchLine(replies);
+        station.watchLine(tally);
         station.Form_Load();
         dialogs.answerNextOpen(kStudio);
         station.OPEN_Click();
@@ -45,15 +47,16 @@ public:
     sim::SimPort port{line};
     std::ostringstream out, err;
     CtlMessages messages{err};
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    NoDialogs none;
+    PresetDialogs dialogs{none};
     DiskWriter writer;
+    ReplyCount replies;  // watch the station's line: outlive it
+    LinkTally tally;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {}};
     LineClock clock{line};
     TickLoop ticks{station, clock};
-    LinkTally tally{station.link.watcher()};
-    Session session{station, commands, ticks, tally, messages, out, err, true};
+    Session session{commands, ticks, replies, tally, messages, out, err, true};
 };
 
 TEST(CtlSession, ReadEndsWhenEveryRequestIsAnswered) {
@@ -61,7 +64,8 @@ TEST(CtlSession, ReadEndsWhenEveryRequestIsAnswered) {
     bool ok = false;
     const Micros took = rig.timed("read 1-6", ok);
     ASSERT_TRUE(ok) << rig.err.str();
-    const long replies = rig.tally.counts().received;
+    long replies = 0;
+    for (int camera = 1; camera <= 6; ++camera) replies += rig.replies.replies(camera);
     EXPECT_GE(replies, 6 * 20);
     // One request and its answer per 40 ms poll, and a poll between cameras: no waits for
     // silence (600 ms each).
@@ -98,7 +102,8 @@ TEST(CtlSession, RepliesAreFramesNotBytes) {
             for (const std::uint8_t b : t.bytes) stxBytes += b == 0x02;
     };
     ASSERT_TRUE(rig.session.run("read 1-6"));
-    const long replies = rig.tally.counts().received;
+    long replies = 0;
+    for (int camera = 1; camera <= 6; ++camera) replies += rig.replies.replies(camera);
     EXPECT_GT(stxBytes, replies);  // some answers carry 0x02 among their data
     EXPECT_EQ(rig.tally.counts().acknowledged, replies);  // one answer per request
 }
@@ -107,7 +112,7 @@ TEST(CtlSession, SpoiltRepliesAreNotCounted) {
     SessionRig rig;
     rig.camera(1).faults.badChecksum = 3;  // three answers arrive spoilt and are sent again clean
     ASSERT_TRUE(rig.session.run("read 1")) << rig.err.str();
-    EXPECT_EQ(rig.tally.counts().received, rig.tally.counts().acknowledged);
+    EXPECT_EQ(rig.replies.replies(1), rig.tally.counts().acknowledged);
 }
 
 std::string fileText(const std::string& path) {

@@ -3,37 +3,15 @@
 // go nowhere, and file dialogs that are always cancelled. For benchmarks and fuzz targets,
 // which measure or shake the logic and look at none of these.
 
-#include <optional>
-#include <string>
-
-#include "common/messages.hpp"
-#include "common/serial_port.hpp"
-#include "setupfile/file_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
+#include "tests/support/replay_line.hpp"
 
 namespace station::testing {
 
-class NullPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return 0; }
-    Bytes readAll() override { return {}; }
-    void write(const Bytes&) override {}
-};
+// A port that is always open and, never fed, never has bytes.
+using NullPort = ReplayPort;
 
-class QuietMessages : public MessageSink {
-public:
-    void show(const std::string&, Icon) override {}
-};
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
+using station::NoDialogs;
+using station::QuietMessages;
 
 }  // namespace station::testing

@@ -7,7 +7,7 @@
 
 #include "link/frame.hpp"
 #include "tests/ui/view_rig.hpp"
-#include "ui/function_window.hpp"
+#include "ui/windows/function_window.hpp"
 
 using namespace station;
 using namespace station::testing;

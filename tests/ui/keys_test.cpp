@@ -6,8 +6,8 @@
 #include <QtTest>
 
 #include "tests/ui/view_rig.hpp"
-#include "ui/function_window.hpp"
-#include "ui/level_bar.hpp"
+#include "ui/windows/function_window.hpp"
+#include "ui/widgets/level_bar.hpp"
 
 using namespace station;
 using namespace station::testing;

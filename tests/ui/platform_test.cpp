@@ -16,10 +16,10 @@
 
 #include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
-#include "ui/file_filter.hpp"
-#include "ui/qt_file_dialogs.hpp"
-#include "ui/qt_messages.hpp"
-#include "ui/qt_serial_port.hpp"
+#include "ui/platform/file_filter.hpp"
+#include "ui/platform/qt_file_dialogs.hpp"
+#include "ui/platform/qt_messages.hpp"
+#include "ui/platform/qt_serial_port.hpp"
 
 using namespace station;
 using namespace station::ui;

@@ -10,7 +10,7 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
-#include "ui/remote_control.hpp"
+#include "ui/remote/remote_control.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -31,7 +31,7 @@ struct Rig {
     testing::FakePort port;
     testing::FakeMessages messages;
     NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     RemoteSettings settings;

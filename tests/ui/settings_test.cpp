@@ -11,8 +11,8 @@
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
-#include "ui/main_window.hpp"
-#include "ui/remembered_session.hpp"
+#include "ui/main/main_window.hpp"
+#include "ui/start/remembered_session.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -41,7 +41,7 @@ private slots:
         testing::FakePort port;
         testing::FakeMessages messages;
         testing::FakeDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         ModalPause modal;
         Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});

@@ -8,8 +8,8 @@
 #include "panel/main_panel.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/null_platform.hpp"
-#include "ui/builtin_line.hpp"
-#include "ui/program_options.hpp"
+#include "ui/start/builtin_line.hpp"
+#include "ui/start/program_options.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -44,7 +44,7 @@ private slots:
         BuiltinLine line(studio);
         testing::FakeMessages messages;
         NoDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});
         station.Form_Load();

@@ -15,8 +15,8 @@
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
 #include "tests/support/queued_commands.hpp"
-#include "ui/main_window.hpp"
-#include "ui/station_view.hpp"
+#include "ui/main/main_window.hpp"
+#include "ui/main/station_view.hpp"
 
 namespace station::testing {
 

@@ -11,12 +11,13 @@
 #include <iostream>
 #include <string>
 
+#include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"
-#include "ui/builtin_line.hpp"
-#include "ui/main_window.hpp"
-#include "ui/modal_pause.hpp"
-#include "ui/station_view.hpp"
+#include "ui/start/builtin_line.hpp"
+#include "ui/main/main_window.hpp"
+#include "ui/platform/modal_pause.hpp"
+#include "ui/main/station_view.hpp"
 
 namespace {
 
@@ -28,12 +29,6 @@ struct CountedMessages : MessageSink {
         if (++count <= 3) std::cerr << "view-soak: message: " << text << "\n";
     }
     int count = 0;
-};
-
-struct NoDialogs : FileDialogs {
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
 };
 
 long residentKb() {
@@ -53,7 +48,7 @@ int main(int argc, char** argv) {
     ui::BuiltinLine line(std::string(STATION_SAMPLES_DIR) + "/studio.csd");
     CountedMessages messages;
     NoDialogs noDialogs;
-    ui::PresetOpenDialogs dialogs(noDialogs);
+    PresetDialogs dialogs(noDialogs);
     DiskWriter writer;
     ui::ModalPause modal;
     Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});

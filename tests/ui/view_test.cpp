@@ -10,10 +10,10 @@
 
 #include "link/frame.hpp"
 #include "tests/ui/view_rig.hpp"
-#include "ui/auto_message_window.hpp"
-#include "ui/camera_set_window.hpp"
-#include "ui/line_log_window.hpp"
-#include "ui/level_bar.hpp"
+#include "ui/windows/auto_message_window.hpp"
+#include "ui/windows/camera_set_window.hpp"
+#include "ui/windows/line_log_window.hpp"
+#include "ui/widgets/level_bar.hpp"
 
 using namespace station;
 using namespace station::testing;

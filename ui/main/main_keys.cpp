@@ -1,0 +1,100 @@
+#include "ui/main/main_keys.hpp"
+
+#include <QAction>
+#include <QGridLayout>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+#include <algorithm>
+#include <tuple>
+
+#include "app/availability.hpp"
+#include "ui/main/main_menus.hpp"
+
+namespace station::ui {
+
+namespace {
+
+void bind(QAction* action, const QKeySequence& keys) {
+    if (action != nullptr) action->setShortcut(keys);
+}
+
+// Every focusable control inside `region`, in the window's present focus order.
+std::vector<QWidget*> controlsOf(QWidget& region) {
+    std::vector<QWidget*> out;
+    QWidget* start = region.window();
+    for (QWidget* w = start->nextInFocusChain(); w != start; w = w->nextInFocusChain())
+        if (w != &region && region.isAncestorOf(w) && w->focusPolicy() != Qt::NoFocus) out.push_back(w);
+    return out;
+}
+
+}  // namespace
+
+MainKeys::MainKeys(Form1& form, const Forward& forward, QMainWindow& window, MainMenus& menus) : form_(form) {
+    bind(menus.action(QStringLiteral("OPEN")), QKeySequence(QStringLiteral("Ctrl+O")));
+    bind(menus.action(QStringLiteral("SAVE")), QKeySequence(QStringLiteral("Ctrl+S")));
+    bind(menus.action(QStringLiteral("SAVE AS")), QKeySequence(QStringLiteral("Ctrl+Shift+S")));
+    bind(menus.action(QStringLiteral("Quit")), QKeySequence(QStringLiteral("Ctrl+Q")));
+    QString version = qs(form.helpVersion.Caption);
+    version.remove(QLatin1Char('&'));
+    bind(menus.action(version), QKeySequence(Qt::Key_F1));
+
+    auto* menu = new QMenu(QStringLiteral("&Camera"), &window);
+    QAction* help = nullptr;
+    for (QAction* a : window.menuBar()->actions())
+        if (a->menu() != nullptr && a->text() == QStringLiteral("&Help")) help = a;
+    window.menuBar()->insertMenu(help, menu);
+    for (int i = 0; i <= 8; ++i) {
+        auto* action = new QAction(i == 0 ? QStringLiteral("GROUP") : QStringLiteral("Camera %1").arg(i), &window);
+        action->setShortcut(QKeySequence(cameraKey(i)));
+        action->setCheckable(true);
+        QObject::connect(action, &QAction::triggered,
+                         [f = &form, forward, i] { forward([f, i] { f->Option9.click(i); }); });
+        menu->addAction(action);
+        window.addAction(action);  // the key works wherever the focus is in the main window
+        if (i == 0) menu->addSeparator();
+        cameras_.at(static_cast<std::size_t>(i)) = action;
+    }
+    render();
+}
+
+QString MainKeys::cameraKey(int index) { return index == 0 ? QStringLiteral("G") : QString::number(index); }
+
+void MainKeys::render() {
+    const bool enabled = availability::cameraSelection(form_);
+    for (int i = 0; i <= 8; ++i) {
+        QAction& action = *cameras_.at(static_cast<std::size_t>(i));
+        if (action.isEnabled() != enabled) action.setEnabled(enabled);
+        if (action.isChecked() != form_.Option9[i].Value) action.setChecked(form_.Option9[i].Value);
+    }
+}
+
+void setReadingOrder(const std::vector<QWidget*>& regions) {
+    std::vector<QWidget*> order;
+    for (QWidget* region : regions) {
+        const std::vector<QWidget*> controls = controlsOf(*region);
+        order.insert(order.end(), controls.begin(), controls.end());
+    }
+    for (std::size_t i = 1; i < order.size(); ++i) QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+std::vector<QWidget*> gridOrder(QWidget& container) {
+    auto* grid = qobject_cast<QGridLayout*>(container.layout());
+    if (grid == nullptr) return {&container};
+    std::vector<std::tuple<int, int, QWidget*>> placed;
+    for (int i = 0; i < grid->count(); ++i) {
+        QWidget* w = grid->itemAt(i)->widget();
+        if (w == nullptr) continue;
+        int row = 0, column = 0, rows = 0, columns = 0;
+        grid->getItemPosition(i, &row, &column, &rows, &columns);
+        placed.emplace_back(row, column, w);
+    }
+    std::sort(placed.begin(), placed.end(),
+              [](const auto& a, const auto& b) { return std::tie(std::get<0>(a), std::get<1>(a)) < std::tie(std::get<0>(b), std::get<1>(b)); });
+    std::vector<QWidget*> out;
+    for (const auto& p : placed) out.push_back(std::get<2>(p));
+    return out;
+}
+
+}  // namespace station::ui

@@ -1,0 +1,86 @@
+#include "ui/main/main_menus.hpp"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+#include "ui/main/port_menu.hpp"
+
+namespace station::ui {
+
+namespace {
+
+QAction* entry(QWidget* menu, const QString& text, const Forward& forward, Gesture gesture, bool checkable = false) {
+    auto* action = new QAction(text, menu);
+    action->setCheckable(checkable);
+    QObject::connect(action, &QAction::triggered, [forward, gesture = std::move(gesture)] { forward(gesture); });
+    menu->addAction(action);
+    return action;
+}
+
+void showEntry(QAction& action, const MenuItem& item) {
+    action.setText(qs(item.Caption));
+    action.setChecked(item.Checked);
+    action.setEnabled(item.Enabled);
+}
+
+}  // namespace
+
+MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : station_(station), bar_(bar) {
+    Station* s = &station;
+
+    QMenu* file = bar.addMenu(QStringLiteral("&File"));
+    entry(file, QStringLiteral("OPEN"), forward, [s] { s->OPEN_Click(); });
+    entry(file, QStringLiteral("SAVE"), forward, [s] { s->SAVE_Click(); });
+    entry(file, QStringLiteral("SAVE AS"), forward, [s] { s->SAVE_AS_Click(); });
+    file->addSeparator();
+    entry(file, QStringLiteral("&Quit"), forward, [s] { s->QUIT_Click(); });
+
+    QMenu* setup = bar.addMenu(QStringLiteral("&Setup"));
+    entry(setup, QStringLiteral("ID/Camera set"), forward, [s] { s->Camera_ID_Click(); });
+    idOn_ = entry(setup, QString(), forward, [s] { s->IDcont_Click(); }, true);
+    setup->addSeparator();
+    for (int i = 0; i < 2; ++i) ack_[i] = entry(setup, QString(), forward, [s, i] { s->ACK_Click(i); }, true);
+    setup->addSeparator();
+    for (int i = 0; i < 2; ++i) speed_[i] = entry(setup, QString(), forward, [s, i] { s->Speed_Click(i); }, true);
+    setup->addSeparator();
+    port_ = std::make_unique<PortMenu>(station, forward, *setup);
+    entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });
+
+    entry(&bar, QStringLiteral("&PC to Camera"), forward, [s] { s->pages.SEND_Click(); });
+    entry(&bar, QStringLiteral("&Camera to PC"), forward, [s] { s->pages.READ_Click(); });
+
+    QMenu* help = bar.addMenu(QStringLiteral("&Help"));
+    version_ = entry(help, QString(), forward, [s] { s->HELP_Click(); });
+    help->addSeparator();
+    // The console lists the setup data as a save would write it, beside its frame input.
+    entry(help, QStringLiteral("Command console"), forward, [s] {
+        s->console.form.Show();
+        s->setupFile.CsdSave_Mon(s->console.List1);
+    });
+    render();
+}
+
+MainMenus::~MainMenus() = default;
+
+void MainMenus::render() {
+    Form1& form = station_.form1;
+    showEntry(*idOn_, form.IDcont);
+    for (int i = 0; i < 2; ++i) {
+        showEntry(*ack_[i], form.ACK(i));
+        showEntry(*speed_[i], form.Speed(i));
+    }
+    showEntry(*version_, form.helpVersion);
+}
+
+QAction* MainMenus::action(const QString& text) const {
+    const QList<QAction*> all = bar_.findChildren<QAction*>();
+    for (QAction* a : all) {
+        QString plain = a->text();
+        plain.remove(QLatin1Char('&'));
+        if (plain == text) return a;
+    }
+    return nullptr;
+}
+
+}  // namespace station::ui

@@ -1,0 +1,29 @@
+#pragma once
+// The page and file buttons: open and save the setup data file, read every setting from
+// the selected camera ("Camera to PC"), send every stored setting to it ("PC to Camera"),
+// and send the function page shown in the editor ("1Page to CAM").
+
+#include <QGroupBox>
+
+#include "app/station.hpp"
+#include "ui/widgets/render.hpp"
+
+class QPushButton;
+
+namespace station::ui {
+
+class TransferView : public QGroupBox {
+public:
+    TransferView(Station& station, const Forward& forward, QWidget* parent);
+    void render();
+
+private:
+    Form1& form_;
+    QPushButton* open_;
+    QPushButton* save_;
+    QPushButton* read_;
+    QPushButton* send_;
+    QPushButton* page_;
+};
+
+}  // namespace station::ui

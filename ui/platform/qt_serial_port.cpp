@@ -1,0 +1,121 @@
+#include "ui/platform/qt_serial_port.hpp"
+
+#include <stdexcept>
+#include <vector>
+
+#include "common/line_fault.hpp"
+#include "common/runtime_error.hpp"
+
+namespace station::ui {
+
+namespace {
+
+std::vector<std::string> fields(const std::string& text) {
+    std::vector<std::string> out(1);
+    for (char c : text) {
+        if (c == ',') out.emplace_back();
+        else out.back() += c;
+    }
+    return out;
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(std::string portOneDevice) : device_(std::move(portOneDevice)) {}
+
+QtSerialPort::Settings QtSerialPort::parse(const std::string& text) {
+    const std::vector<std::string> f = fields(text);
+    if (f.size() != 4 || f[0].empty() || f[0].size() > 7) throw RuntimeError::invalidCall();
+    Settings s;
+    s.rate = 0;
+    for (char c : f[0]) {
+        if (c < '0' || c > '9') throw RuntimeError::invalidCall();
+        s.rate = s.rate * 10 + (c - '0');
+    }
+    if (s.rate <= 0) throw RuntimeError::invalidCall();
+
+    if (f[1] == "N" || f[1] == "n") s.parity = QSerialPort::NoParity;
+    else if (f[1] == "E" || f[1] == "e") s.parity = QSerialPort::EvenParity;
+    else if (f[1] == "O" || f[1] == "o") s.parity = QSerialPort::OddParity;
+    else throw RuntimeError::invalidCall();
+
+    if (f[2] == "8") s.dataBits = QSerialPort::Data8;
+    else if (f[2] == "7") s.dataBits = QSerialPort::Data7;
+    else throw RuntimeError::invalidCall();
+
+    if (f[3] == "1") s.stopBits = QSerialPort::OneStop;
+    else if (f[3] == "2") s.stopBits = QSerialPort::TwoStop;
+    else throw RuntimeError::invalidCall();
+    return s;
+}
+
+void QtSerialPort::setSettings(const std::string& settings) {
+    settings_ = parse(settings);
+    if (isOpen()) apply();
+}
+
+void QtSerialPort::apply() {
+    const bool taken = port_.setBaudRate(settings_.rate) && port_.setParity(settings_.parity) &&
+                       port_.setDataBits(settings_.dataBits) && port_.setStopBits(settings_.stopBits) &&
+                       port_.setFlowControl(QSerialPort::NoFlowControl);
+    if (!taken) {
+        const std::string why = port_.errorString().toStdString();
+        port_.clearError();
+        throw LineFault(device_ + " refused the settings: " + why);
+    }
+}
+
+void QtSerialPort::close() {
+    port_.close();
+    port_.clearError();
+}
+
+void QtSerialPort::checkLine() {
+    // After an error on a hung-up device Qt may stop reading for good: the line is lost,
+    // and only closing and opening again brings it back.
+    const QSerialPort::SerialPortError error = port_.error();
+    if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError || error == QSerialPort::WriteError)
+        throw LineFault(device_ + ": " + port_.errorString().toStdString());
+}
+
+void QtSerialPort::open() {
+    if (commPort_ != 1) throw std::runtime_error("serial port " + std::to_string(commPort_) + " has no device");
+    if (port_.isOpen()) return;
+    port_.clearError();
+    port_.setPortName(QString::fromStdString(device_));
+    if (!port_.open(QIODevice::ReadWrite)) {
+        const std::string why = port_.errorString().toStdString();
+        port_.clearError();
+        throw std::runtime_error("cannot open " + device_ + ": " + why);
+    }
+    try {
+        apply();
+    } catch (...) {
+        close();
+        throw;
+    }
+    // Qt does not drop what waited in the device before it was opened.
+    port_.clear(QSerialPort::Input);
+}
+
+int QtSerialPort::bytesWaiting() {
+    checkLine();  // also when Qt has closed the port itself after the error
+    if (!isOpen()) return 0;
+    return static_cast<int>(port_.bytesAvailable());
+}
+
+Bytes QtSerialPort::readAll() {
+    if (!isOpen()) return {};
+    const QByteArray data = port_.readAll();
+    return Bytes(data.begin(), data.end());
+}
+
+void QtSerialPort::write(const Bytes& data) {
+    checkLine();
+    if (!isOpen() || data.empty()) return;
+    port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
+    port_.flush();
+    checkLine();
+}
+
+}  // namespace station::ui

@@ -1,0 +1,68 @@
+#pragma once
+// Control from outside for the desktop program: the remote command set on the station,
+// served over TCP lines and OSC, both off until the operator turns them on (option or
+// menu), both on the loopback address unless another address was named. Every state
+// change a surface shows is pushed to the clients after each command and every 40 ms
+// (the operator's own gestures and the camera's replies included).
+
+#include <QHostAddress>
+#include <QString>
+#include <QTimer>
+
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/station.hpp"
+#include "remote/command_set.hpp"
+#include "ui/start/program_options.hpp"
+#include "ui/remote/remote_osc.hpp"
+#include "ui/remote/remote_tcp.hpp"
+
+namespace station::ui {
+
+struct RemoteSettings {
+    bool enabled = false;
+    QHostAddress address{QHostAddress::LocalHost};
+    quint16 tcpPort = 5250;
+    quint16 oscPort = 5251;
+    std::optional<std::filesystem::path> fileFolder;  // none: no file commands
+};
+
+// The settings the remote-control options of the command line ask for; `error` is set when
+// the address is not one.
+RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
+
+class RemoteControl {
+public:
+    // `refresh` redraws the windows after remote gestures; `busy` says a message box is up.
+    RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
+                  std::function<void()> refresh, std::function<bool()> busy);
+
+    // Opens or closes both transports; false, with error(), when one could not be opened.
+    bool setEnabled(bool on);
+    bool enabled() const { return tcp_.isListening(); }
+    QString error() const { return error_; }
+    // What the status bar says while it is on.
+    QString status() const;
+
+    remote::CommandSet& commands() { return commands_; }
+    RemoteTcpServer& tcp() { return tcp_; }
+    RemoteOscServer& osc() { return osc_; }
+    // Sends what changed to every client.
+    void push();
+
+private:
+    RemoteSettings settings_;
+    std::function<void()> refresh_;
+    remote::CommandSet commands_;
+    RemoteTcpServer tcp_;
+    RemoteOscServer osc_;
+    QTimer pushTimer_;
+    bool dirty_ = false;
+    QString error_;
+};
+
+}  // namespace station::ui

@@ -1,0 +1,44 @@
+#pragma once
+// A window beside the main one, bound to its form model: shown and hidden as the model
+// says, and closing it by the window frame hides it in the model. It is a dialog of the
+// main window, so the window manager keeps it above the main window (a result in the
+// "Auto Message" window is never hidden behind the panel that started it).
+
+#include <QCloseEvent>
+#include <QWidget>
+
+#include "common/controls.hpp"
+#include "ui/widgets/render.hpp"
+
+namespace station::ui {
+
+class SatelliteWindow : public QWidget {
+public:
+    SatelliteWindow(FormWindow& form, Forward forward, QWidget* parent, const char* name)
+        : QWidget(parent, Qt::Dialog), form_(form), forward_(std::move(forward)) {
+        setObjectName(QString::fromLatin1(name));
+    }
+
+protected:
+    void closeEvent(QCloseEvent* event) override {
+        forward_([f = &form_] { f->Hide(); });
+        event->accept();
+    }
+    void renderWindow() {
+        // The first time it appears, the window stands over the middle of the main window.
+        if (form_.Visible && !placed_ && parentWidget() != nullptr) {
+            if (!testAttribute(Qt::WA_Resized)) adjustSize();
+            move(parentWidget()->window()->frameGeometry().center() - rect().center());
+            placed_ = true;
+        }
+        showWindow(*this, form_);
+    }
+    const Forward& forward() const { return forward_; }
+
+private:
+    FormWindow& form_;
+    Forward forward_;
+    bool placed_ = false;
+};
+
+}  // namespace station::ui
