@@ -62,7 +62,8 @@ public:
     ActionResult setFunctionValue(int function, int item, long value);
     // The console: hex bytes fed to the station as if the line had sent them.
     ActionResult consoleFrame(const std::string& hex);
-    // Frames still queued are given up (a client abandons the rest of a camera's page).
+    // Frames still queued are given up (a client abandons the rest of a camera's page),
+    // the one awaiting its acknowledge included.
     ActionResult dropQueued();
     // Tells `watcher` of every frame the line sends, acknowledges or receives, beside the
     // windows; the watcher must outlive the station's polls.
