@@ -20,7 +20,7 @@ declare -A allowed=(
   [scenes]="common link camtype panel funcedit"
   [app]="common link line camtype setupfile panel autosetup funcedit scenes"
   [remote]="common link app"
-  [ctl]="common link app remote platform setupfile sim"
+  [ctl]="common link camtype app remote platform setupfile sim"
   [sim]="common"
 )
 
