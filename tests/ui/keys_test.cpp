@@ -1,10 +1,13 @@
 // The keyboard works the main window through the same model calls as the mouse.
 #include <QAction>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QtTest>
 
+#include "tests/ui/menu_walk.hpp"
 #include "tests/ui/view_rig.hpp"
 #include "ui/windows/function_window.hpp"
 #include "ui/widgets/level_bar.hpp"
@@ -78,6 +81,34 @@ private slots:
             QVERIFY2(triggered.count() == 1, row.entry);
         }
         QVERIFY(rig.ended);
+    }
+
+    void everyAltKeyIsUniqueAndAltCOpensTheCameraMenu() {
+        ViewRig rig;
+        rig.openStudio();
+        showActive(rig);
+        QMenuBar& bar = *rig.view->mainWindow().menuBar();
+        const QStringList clashes = mnemonicClashes(bar);
+        QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
+
+        // "Camera to PC" replaces the working copy: no Alt key reaches it.
+        QAction* read = rig.view->mainWindow().menus().action(QStringLiteral("Camera to PC"));
+        QVERIFY(read != nullptr);
+        QVERIFY(QKeySequence::mnemonic(read->text()).isEmpty());
+
+        QMenu* cameraMenu = nullptr;
+        for (QAction* a : bar.actions())
+            if (a->menu() != nullptr && a->text() == QStringLiteral("&Camera")) cameraMenu = a->menu();
+        QVERIFY(cameraMenu != nullptr);
+        QSignalSpy opened(cameraMenu, &QMenu::aboutToShow);
+        QSignalSpy readRan(read, &QAction::triggered);
+        rig.station.stores.MainScnData(2, 1, 0) = "1";  // an edited working copy
+        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_C, Qt::AltModifier);
+        QTRY_COMPARE(opened.count(), 1);
+        cameraMenu->close();
+        QCOMPARE(readRan.count(), 0);
+        QVERIFY(rig.takeQueued().empty());  // no read requests went out
+        QCOMPARE(rig.station.stores.MainScnData(2, 1, 0), std::string("1"));
     }
 
     void arrowsStepALevelAndPageKeysMoveTen() {
