@@ -167,6 +167,18 @@ private slots:
         QCOMPARE(rig.station.form1.Option7.selected(), 2);
     }
 
+    void theTitleMarksChangesNotSaved() {
+        ViewRig rig;
+        rig.openStudio();
+        QWidget& window = rig.view->mainWindow();
+        const QString title = QStringLiteral("studio.csd - Camera Control");
+        QCOMPARE(window.windowTitle(), title);
+        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(1)"), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), QStringLiteral("*") + title);
+        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(0)"), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), title);
+    }
+
     void satelliteWindowsStayAboveTheMainWindow() {
         ViewRig rig;
         showActive(rig);

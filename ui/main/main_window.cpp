@@ -64,7 +64,9 @@ MainWindow::MainWindow(Station& station, Forward forward)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::render() {
-    showWindow(*this, station_.form1.form);
+    // "*" before the title while the settings hold changes not saved: quitting does not
+    // ask, so the title is the operator's warning.
+    showWindow(*this, station_.form1.form, station_.setupFile.modified() ? QStringLiteral("*") : QString());
     cameras_->render();
     scenes_->render();
     transfer_->render();

@@ -95,8 +95,9 @@ void showList(QListWidget& widget, const ListBox& list) {
     widget.setEnabled(list.Enabled);
 }
 
-void showWindow(QWidget& widget, const FormWindow& form) {
-    if (!sameText(widget.windowTitle(), form.Caption)) widget.setWindowTitle(qs(form.Caption));
+void showWindow(QWidget& widget, const FormWindow& form, const QString& mark) {
+    const QString title = mark + qs(form.Caption);
+    if (widget.windowTitle() != title) widget.setWindowTitle(title);
     if (form.Visible && !widget.isVisible()) widget.show();
     if (!form.Visible && widget.isVisible()) widget.hide();
 }
