@@ -16,6 +16,7 @@
 #include "ui/panel/monitor_view.hpp"
 #include "ui/panel/scene_view.hpp"
 #include "ui/panel/transfer_view.hpp"
+#include "ui/widgets/focus_mark.hpp"
 
 namespace station::ui {
 
@@ -47,6 +48,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
     column->addLayout(middle, 1);
     column->addWidget(monitor_);
     setCentralWidget(central);
+    new FocusMark(*central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
     keys_ = std::make_unique<MainKeys>(station.form1, forward_, *this, *menus_);

@@ -7,7 +7,10 @@
 #include <QCloseEvent>
 #include <QWidget>
 
+#include <QKeyEvent>
+
 #include "common/controls.hpp"
+#include "ui/widgets/focus_mark.hpp"
 #include "ui/widgets/render.hpp"
 
 namespace station::ui {
@@ -17,12 +20,21 @@ public:
     SatelliteWindow(FormWindow& form, Forward forward, QWidget* parent, const char* name)
         : QWidget(parent, Qt::Dialog), form_(form), forward_(std::move(forward)) {
         setObjectName(QString::fromLatin1(name));
+        new FocusMark(*this);
     }
 
 protected:
     void closeEvent(QCloseEvent* event) override {
         forward_([f = &form_] { f->Hide(); });
         event->accept();
+    }
+    // Esc closes, as the window frame does; a control that takes Esc itself keeps it.
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+            close();
+            return;
+        }
+        QWidget::keyPressEvent(event);
     }
     void renderWindow() {
         // The first time it appears, the window stands over the middle of the main window.
