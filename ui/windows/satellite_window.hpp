@@ -8,9 +8,11 @@
 #include <QWidget>
 
 #include <QKeyEvent>
+#include <QScreen>
 
 #include "common/controls.hpp"
 #include "ui/widgets/focus_mark.hpp"
+#include "ui/start/window_places.hpp"
 #include "ui/widgets/render.hpp"
 
 namespace station::ui {
@@ -37,10 +39,16 @@ protected:
         QWidget::keyPressEvent(event);
     }
     void renderWindow() {
-        // The first time it appears, the window stands over the middle of the main window.
+        // The first time it appears, unless a place was remembered for it, the window opens
+        // beside the main window where the screen has room, not over the panel.
         if (form_.Visible && !placed_ && parentWidget() != nullptr) {
             if (!testAttribute(Qt::WA_Resized)) adjustSize();
-            move(parentWidget()->window()->frameGeometry().center() - rect().center());
+            const QWidget& main = *parentWidget()->window();
+            if (!testAttribute(Qt::WA_Moved) && main.screen() != nullptr) {
+                // Before it is shown the frame is not known: the main window's stands for it.
+                const QSize frame = size() + (main.frameGeometry().size() - main.size());
+                move(placeBeside(main.frameGeometry(), frame, main.screen()->availableGeometry()));
+            }
             placed_ = true;
         }
         showWindow(*this, form_);
