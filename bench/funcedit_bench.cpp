@@ -11,19 +11,11 @@
 
 namespace {
 
+using station::testing::CountingDecoders;
 using station::testing::NullPort;
 using station::testing::QuietMessages;
 
 using namespace station;
-
-class NoDecoders : public ReplyDecoders {
-public:
-    void RecModeMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecModeFunc(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogFunc(const std::string&, const std::string&, const std::string&, const std::string&) override {}
-    void RecAuto(const std::string&, const std::string&) override {}
-};
 
 std::string hex2(int v) { return hexDigits(static_cast<unsigned long>(v), 2); }
 
@@ -71,7 +63,7 @@ struct Editor {
 
     QuietMessages messages;
     NullPort port;
-    NoDecoders decoders;
+    CountingDecoders decoders;
     Shared shared;
     TypeTables types;
     SettingStores stores;

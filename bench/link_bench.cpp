@@ -2,43 +2,17 @@
 // framing one command.
 #include <benchmark/benchmark.h>
 
-#include <utility>
-
 #include "common/shared.hpp"
 #include "link/link.hpp"
 #include "tests/support/null_platform.hpp"
 
 namespace {
 
+using station::testing::CountingDecoders;
 using station::testing::QuietMessages;
+using station::testing::ReplayPort;
 
 using namespace station;
-
-class ReplayPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return static_cast<int>(waiting.size()); }
-    Bytes readAll() override { return std::exchange(waiting, {}); }
-    void write(const Bytes& data) override { written += data.size(); }
-    Bytes waiting;
-    std::size_t written = 0;
-};
-
-class CountingDecoders : public ReplyDecoders {
-public:
-    void RecModeMain(const std::string&, const std::string&, const std::string&) override { ++calls; }
-    void RecModeFunc(const std::string&, const std::string&, const std::string&) override { ++calls; }
-    void RecAnalogMain(const std::string&, const std::string&, const std::string&) override { ++calls; }
-    void RecAnalogFunc(const std::string&, const std::string&, const std::string&, const std::string&) override {
-        ++calls;
-    }
-    void RecAuto(const std::string&, const std::string&) override { ++calls; }
-    long calls = 0;
-};
 
 Bytes reply(std::initializer_list<int> data) {
     Bytes f{0x02, static_cast<std::uint8_t>(data.size())};
@@ -63,13 +37,20 @@ Bytes tickChunk() {
     return chunk;
 }
 
-void BM_Timer1TickConsumes38Bytes(benchmark::State& state) {
+// A link on camera 1 over a line fed by hand.
+struct LinkOnReplay {
+    LinkOnReplay() { shared.CamNo = 1; }
     Shared shared;
-    shared.CamNo = 1;
     ReplayPort port;
     QuietMessages messages;
     CountingDecoders decoders;
-    Link link(shared, port, messages, decoders);
+    Link link{shared, port, messages, decoders};
+};
+
+void BM_Timer1TickConsumes38Bytes(benchmark::State& state) {
+    LinkOnReplay rig;
+    ReplayPort& port = rig.port;
+    Link& link = rig.link;
     link.Timer2_Timer();
     link.Timer3_Timer();
     const Bytes chunk = tickChunk();
@@ -80,17 +61,13 @@ void BM_Timer1TickConsumes38Bytes(benchmark::State& state) {
     }
     if (!link.RecBuff().empty()) state.SkipWithError("bytes left over");
     state.counters["decoder_calls_per_tick"] =
-        benchmark::Counter(static_cast<double>(decoders.calls) / static_cast<double>(state.iterations()));
+        benchmark::Counter(static_cast<double>(rig.decoders.calls) / static_cast<double>(state.iterations()));
 }
 BENCHMARK(BM_Timer1TickConsumes38Bytes);
 
 void BM_SendCmd(benchmark::State& state) {
-    Shared shared;
-    shared.CamNo = 1;
-    ReplayPort port;
-    QuietMessages messages;
-    CountingDecoders decoders;
-    Link link(shared, port, messages, decoders);
+    LinkOnReplay rig;
+    Link& link = rig.link;
     for (auto _ : state) {
         link.SendCmd("200801FE");
         link.queue().SendBuffShift();

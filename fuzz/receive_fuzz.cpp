@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <utility>
 
 #include "common/runtime_error.hpp"
 #include "common/shared.hpp"
@@ -15,31 +14,11 @@
 
 namespace {
 
+using station::testing::CountingDecoders;
 using station::testing::QuietMessages;
+using station::testing::ReplayPort;
 
 using namespace station;
-
-class ChunkPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return static_cast<int>(waiting.size()); }
-    Bytes readAll() override { return std::exchange(waiting, {}); }
-    void write(const Bytes&) override {}
-    Bytes waiting;
-};
-
-class NoDecoders : public ReplyDecoders {
-public:
-    void RecModeMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecModeFunc(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogMain(const std::string&, const std::string&, const std::string&) override {}
-    void RecAnalogFunc(const std::string&, const std::string&, const std::string&, const std::string&) override {}
-    void RecAuto(const std::string&, const std::string&) override {}
-};
 
 void expectKnown(const RuntimeError& e) {
     if (e.number() != 5 && e.number() != 6 && e.number() != 9) std::abort();
@@ -52,9 +31,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Shared shared;
     shared.CamNo = static_cast<Integer>(data[0] % 9);
     shared.AckMode = static_cast<Integer>((data[0] >> 4) & 1);
-    ChunkPort port;
+    ReplayPort port;
     QuietMessages messages;
-    NoDecoders decoders;
+    CountingDecoders decoders;
     Link link(shared, port, messages, decoders);
 
     std::size_t pos = 1;

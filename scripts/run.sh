@@ -5,12 +5,8 @@
 # the terminal path that camera-sim prints.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-"$root/scripts/install-deps.sh"
-
+"$root/scripts/build-gcc.sh" corvane-station camera-sim
 build="$root/build/gcc"
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DCMAKE_CXX_COMPILER=g++ -DSTATION_UI=ON >/dev/null
-cmake --build "$build" -j "$(nproc)" --target corvane-station camera-sim
 # The station is a desktop program: without a screen to draw on, a virtual one (Xvfb) would
 # show its window to nobody, so none is installed.
 if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]; then

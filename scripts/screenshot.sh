@@ -4,12 +4,8 @@
 # opened. It needs no display: the window is drawn on Qt's offscreen platform.
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
-"$root/scripts/install-deps.sh"
-
+"$root/scripts/build-gcc.sh" station-screenshot
 build="$root/build/gcc"
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DCMAKE_CXX_COMPILER=g++ -DSTATION_UI=ON >/dev/null
-cmake --build "$build" -j "$(nproc)" --target station-screenshot
 mkdir -p "$root/docs"
 QT_QPA_PLATFORM=offscreen "$build/tools/station-screenshot" "$root/docs/main-window.png"
 echo "screenshot.sh: wrote docs/main-window.png"

@@ -7,22 +7,13 @@
 #include <string>
 
 #include "common/messages.hpp"
-#include "common/serial_port.hpp"
 #include "setupfile/file_dialogs.hpp"
+#include "tests/support/replay_line.hpp"
 
 namespace station::testing {
 
-class NullPort : public SerialPort {
-public:
-    void setCommPort(int) override {}
-    void setSettings(const std::string&) override {}
-    void open() override {}
-    void close() override {}
-    bool isOpen() const override { return true; }
-    int bytesWaiting() override { return 0; }
-    Bytes readAll() override { return {}; }
-    void write(const Bytes&) override {}
-};
+// A port that is always open and, never fed, never has bytes.
+using NullPort = ReplayPort;
 
 class QuietMessages : public MessageSink {
 public:
