@@ -173,6 +173,23 @@ TEST(TickPlan, AtRestNothingHasWorkButTheRetryOfAMissingDevice) {
     EXPECT_TRUE(tickNeeds(rig.station, false).poll);  // the device is tried again
 }
 
+TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {
+    StationRig rig;
+    EXPECT_FALSE(nextMarkChange(rig.station).has_value());  // nobody heard yet
+    const auto heard = rig.clock;
+    rig.station.line.answers.answered(5, heard);
+    rig.clock += std::chrono::seconds(20);
+    rig.station.line.answers.answered(2, rig.clock);
+    // Camera 5's mark turns "quiet" first, just after a minute.
+    EXPECT_EQ(nextMarkChange(rig.station), heard + CameraAnswers::kRecent + std::chrono::milliseconds(1));
+    rig.clock = heard + CameraAnswers::kRecent + std::chrono::milliseconds(1);
+    EXPECT_EQ(rig.station.line.answers.state(5, rig.clock), Answer::Quiet);
+    EXPECT_EQ(nextMarkChange(rig.station), heard + std::chrono::seconds(20) + CameraAnswers::kRecent +
+                                               std::chrono::milliseconds(1));
+    rig.clock += std::chrono::minutes(1);
+    EXPECT_FALSE(nextMarkChange(rig.station).has_value());
+}
+
 TEST(TickPlan, AWakeTakesTheNextInstantOfTheGridAndALateTickSkipsAhead) {
     StationRig rig;
     TickPlan plan(rig.station);
