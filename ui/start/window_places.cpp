@@ -13,7 +13,7 @@ namespace station::ui {
 
 QPoint placeBeside(const QRect& main, const QSize& size, const QRect& available) {
     constexpr int kGap = 4;
-    const auto within = [&available](int v, int lo, int extent, int span) {
+    const auto within = [](int v, int lo, int extent, int span) {
         return std::max(lo, std::min(v, lo + span - extent));
     };
     const int y = within(main.top(), available.top(), size.height(), available.height());
