@@ -162,6 +162,18 @@ TEST(TickPlan, SleepingTimersLoseAndDoubleNoTick) {
     EXPECT_LT(plannedPolls.size() * 4, static_cast<std::size_t>(everyPoll) * 3);
 }
 
+// A pulse's release at 6000, an instant of the poll's grid too: the poll slept through its
+// tick there, and the release queued after it, so the frame leaves on the next poll.
+TEST(TickPlan, WorkFromALaterTimerWaitsForTheNextPoll) {
+    const std::vector<Event> events{{5600, [](StationRig& r) { r.station.form1.RelCount = 1; }}};
+    int everyPoll = 0;
+    std::vector<long> plannedPolls;
+    const Trace expected = alwaysTicking(events, 8000, everyPoll);
+    EXPECT_EQ(asPlanned(events, 8000, plannedPolls), expected);
+    EXPECT_EQ(expected, (Trace{"6040 out " + hexText(testing::frame(testing::wire("201400FE"))),
+                               "7000 box No Acknowledge"}));
+}
+
 TEST(TickPlan, AtRestNothingHasWorkButTheRetryOfAMissingDevice) {
     StationRig rig;
     rig.run(600);  // both watches count down to -1
