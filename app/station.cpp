@@ -6,6 +6,7 @@
 #include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
 #include "common/vb_conv.hpp"
+#include "common/version.hpp"
 
 namespace station {
 
@@ -30,7 +31,14 @@ Station::Station(const StationPlatform& platform)
         const std::string name = std::filesystem::path(setupFile.FileName).filename().string();
         form1.form.Caption = name.empty() ? "Camera Control" : name + " - Camera Control";
     };
-    setupFile.Notify = [this](const std::string& text) { notice.raise(text); };
+    // Words that need no answer go to the status bar and the line log alike.
+    const auto tell = [this](const std::string& text) {
+        notice.raise(text);
+        line.note(text, {}, 0);
+    };
+    setupFile.Notify = tell;
+    cameraTypes.Notify = tell;
+    editor.Notify = tell;
     editor.startAutoSetup = [this](const std::string& operation, const std::string& title) {
         autoSetup.start(operation, title);
     };
@@ -134,9 +142,8 @@ std::string Station::lineStatus() const {
 }
 
 std::string Station::versionText() const {
-    return "Corvane Camera Setup Control 0.13\r" + std::string(7, ' ') + BaudStr + "bps " + line.versionPortName() +
-           "\r" +
-           std::string(19, ' ') + "Copyright (C) Corvane. All rights reserved.";
+    return "Corvane Camera Setup Control " + std::string(kStationVersion) + "\r" + std::string(7, ' ') + BaudStr +
+           "bps " + line.versionPortName() + "\r" + std::string(19, ' ') + "Copyright (C) Corvane. All rights reserved.";
 }
 
 void Station::HELP_Click() { messages_.show(versionText(), Icon::Information); }
@@ -176,22 +183,18 @@ void Station::Speed_Click(int entry) {
     });
 }
 
-namespace {
-std::string errorText(const RuntimeError& error) {
-    return "Run-time error " + std::to_string(error.number()) + ": " + error.what();
-}
-}  // namespace
+void Station::report(const RuntimeError& error) { messages_.show(runtimeErrorText(error), Icon::Stop); }
 
-void Station::report(const RuntimeError& error) { messages_.show(errorText(error), Icon::Stop); }
-
-void Station::act(const std::function<void()>& action) {
+std::optional<std::string> Station::act(const std::function<void()>& action) {
     try {
         action();
     } catch (const RuntimeError& error) {
         // The action ends here; the panel must not stay deaf because it failed half-way.
         if (loaded_) shared.CtrlReady = 1;
         report(error);
+        return runtimeErrorText(error);
     }
+    return std::nullopt;
 }
 
 void Station::speedRefused(const std::string& reason) {
@@ -214,8 +217,8 @@ void Station::poll(const std::function<void()>& tick) {
         tick();
     } catch (const RuntimeError& error) {
         if (loaded_) shared.CtrlReady = 1;
-        form1.faultLine.Caption = "Line: " + errorText(error);
-        line.noteHex(errorText(error), link.Label11.Caption);  // with the bytes last received
+        form1.faultLine.Caption = "Line: " + runtimeErrorText(error);
+        line.noteHex(runtimeErrorText(error), link.Label11.Caption);  // with the bytes last received
         return;
     } catch (const LineFault& fault) {
         line.lost(fault.what());

@@ -12,6 +12,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "autosetup/auto_setup.hpp"
@@ -96,8 +97,12 @@ public:
     void Timer4_Timer() { act([this] { panel.Timer4_Timer(); }); }
     void Form6Timer_Timer() { act([this] { autoSetup.Timer1_Timer(); }); }
 
-    // Runs one operator action at the error boundary.
-    void act(const std::function<void()>& action);
+    // Adds a watcher of the line beside the line's own state (a client counting replies).
+    // It must outlive the station.
+    void watchLine(LinkEvents& watcher) { link.watch(&watcher); }
+
+    // Runs one operator action at the error boundary; the runtime's text when it failed.
+    std::optional<std::string> act(const std::function<void()>& action);
 
     std::string BaudStr;
     Notice notice;  // passing words to the operator (shown in the status bar)

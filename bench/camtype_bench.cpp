@@ -107,6 +107,35 @@ void BM_FclLoadEightSlots(benchmark::State& state) {
 }
 BENCHMARK(BM_FclLoadEightSlots)->Unit(benchmark::kMillisecond);
 
+// The start-up path over a definition folder of `files` types at the largest size: the type
+// list, eight cameras assigned to eight of the types, and their definitions loaded.
+void BM_StartUpListAssignLoad(benchmark::State& state) {
+    Scratch scratch;
+    const int files = static_cast<int>(state.range(0));
+    for (int type = 1; type <= files; ++type)
+        std::ofstream(scratch.path() / ("t" + hex2(type) + ".fcl"), std::ios::binary) << largestDefinition(type);
+
+    Shared shared;
+    TypeTables tables;
+    SettingStores stores;
+    QuietMessages messages;
+    CameraTypes types(shared, tables, stores, messages, scratch.path());
+    ListBox list;
+    for (int c = 1; c <= 8; ++c) shared.cams.CamType(c) = "T" + hex2(c * files / 8);
+
+    for (auto _ : state) {
+        types.FclListSet(list);
+        types.FclDataSet();
+        types.FclLoad();
+        benchmark::DoNotOptimize(tables.VsList(8, 0, 0));
+    }
+    if (list.listCount() != files + 1 || tables.FclName(0) != "8" || tables.VsList(8, 0, 0) != "350" ||
+        messages.shown != 0)
+        state.SkipWithError("the start-up path did not run as intended");
+    state.SetComplexityN(files);
+}
+BENCHMARK(BM_StartUpListAssignLoad)->RangeMultiplier(2)->Range(8, 64)->Unit(benchmark::kMillisecond)->Complexity();
+
 struct FullSetup {
     FullSetup() {
         stores.fillMainKey();

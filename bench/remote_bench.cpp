@@ -44,7 +44,7 @@ struct Rig {
     NullPort port;
     QuietMessages messages;
     NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}}, [] {},

@@ -4,6 +4,8 @@
 // slot's file into the type tables (which registers item codes in the setting stores).
 
 #include <filesystem>
+#include <functional>
+#include <string>
 #include <string_view>
 
 #include "camtype/setting_stores.hpp"
@@ -21,6 +23,9 @@ public:
 
     // Where the definition files are looked for (see definition_folder.hpp).
     std::filesystem::path DefinitionFolder;
+
+    // A word to the operator that needs no answer: definition files left out of the list.
+    std::function<void(const std::string&)> Notify;
 
     // Lists the folder's definition files in name order (at most 64) as the type list, reads
     // each one's "[camera type]" code and note, and fills the camera set dialog's type list

@@ -17,6 +17,11 @@ std::optional<std::string> readTextFile(const std::filesystem::path& path) {
     const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.string().c_str(), "rb"));
     if (!file) return std::nullopt;
     std::string content;
+    // One allocation for the whole file rather than one per block; the loop still reads to
+    // the end if the file grew meanwhile.
+    std::error_code ec;
+    if (const auto size = std::filesystem::file_size(path, ec); !ec && size < (std::uintmax_t{1} << 30))
+        content.reserve(static_cast<std::size_t>(size));
     char buffer[16384];
     for (;;) {
         const std::size_t n = std::fread(buffer, 1, sizeof buffer, file.get());

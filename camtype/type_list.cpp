@@ -46,6 +46,15 @@ std::vector<std::string> definitionFileNames(const std::filesystem::path& folder
     return names;
 }
 
+// Where the next line that opens a "[camera type]" section starts, at or after `from` (which
+// starts a line); the text's end when there is none.
+std::size_t nextTypeSection(std::string_view text, std::size_t from) {
+    static constexpr std::string_view kHeader = "[camera type]";
+    for (std::size_t at = text.find(kHeader, from); at != std::string_view::npos; at = text.find(kHeader, at + 1))
+        if (at == from || text[at - 1] == '\r' || text[at - 1] == '\n') return at;
+    return text.size();
+}
+
 }  // namespace
 
 void CameraTypes::readTypeEntry(int row, std::string_view text) {
@@ -53,23 +62,40 @@ void CameraTypes::readTypeEntry(int row, std::string_view text) {
     std::string& note = types_.TypeNote(row);
     code.clear();
     note.clear();
-    std::string_view section;
-    // Unlike the full load, the list does not turn tabs into blanks.
-    forEachLine(withoutByteOrderMark(text), [&](std::string_view line) {
+    text = withoutByteOrderMark(text);
+    bool inType = false;
+    std::size_t start = 0;
+    // Lines are cut as forEachLine cuts them. Unlike the full load, the list does not turn
+    // tabs into blanks.
+    while (start < text.size()) {
+        const std::size_t end = text.find_first_of("\r\n", start);
+        const std::string_view line = text.substr(start, end == std::string_view::npos ? end : end - start);
+        std::size_t next = end == std::string_view::npos ? text.size() : end + 1;
+        if (next < text.size() && text[end] == '\r' && text[next] == '\n') ++next;
         if (!line.empty() && line.front() == '[') {
-            section = sectionName(line);
-            return;
+            inType = sectionName(line) == "[camera type]";
+            // The functions and shutter steps after the head are skipped unread, up to a
+            // later "[camera type]" section, whose CODE and NOTE would count.
+            if (!inType) next = nextTypeSection(text, next);
+        } else if (inType) {
+            const Entry e = splitEntry(line);
+            if (e.key == "CODE=") code = e.value.substr(0, 3);
+            else if (e.key == "NOTE=") note = e.value;
         }
-        if (section != "[camera type]") return;
-        const Entry e = splitEntry(line);
-        if (e.key == "CODE=") code = e.value.substr(0, 3);
-        else if (e.key == "NOTE=") note = e.value;
-    });
+        start = next;
+    }
 }
 
 void CameraTypes::FclListSet(ListBox& List1) {
     std::vector<std::string> names = definitionFileNames(DefinitionFolder);
-    if (names.size() > static_cast<std::size_t>(kMaxTypes)) names.resize(kMaxTypes);  // the rest is ignored
+    if (names.size() > static_cast<std::size_t>(kMaxTypes)) {
+        // The rest is ignored, as the list has room for no more; the operator hears which.
+        if (Notify)
+            Notify(DefinitionFolder.string() + ": " + std::to_string(names.size()) + " definition files; only the first " +
+                   std::to_string(kMaxTypes) + " are listed, " + names[kMaxTypes] + " and the " +
+                   std::to_string(names.size() - kMaxTypes - 1) + " after it are left out");
+        names.resize(kMaxTypes);
+    }
     const int n = static_cast<int>(names.size());
     types_.TypeFile(0) = std::to_string(n);
     for (int i = 1; i <= n; ++i) types_.TypeFile(i) = names[static_cast<std::size_t>(i - 1)];

@@ -21,4 +21,9 @@ private:
     int number_;
 };
 
+// "Run-time error 9: Subscript out of range": how every client words the fault.
+inline std::string runtimeErrorText(const RuntimeError& error) {
+    return "Run-time error " + std::to_string(error.number()) + ": " + error.what();
+}
+
 }  // namespace station

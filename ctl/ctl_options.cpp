@@ -4,6 +4,9 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "common/option_errors.hpp"
+#include "common/version.hpp"
+
 namespace station::ctl {
 
 namespace {
@@ -32,7 +35,7 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         }
         auto value = [&]() -> std::string {
             std::string v = inlineValue ? *inlineValue : (i + 1 < args.size() ? args[++i] : std::string());
-            if (v.empty()) throw std::invalid_argument(name + " needs a value");
+            if (v.empty()) throw std::invalid_argument(options::needsValue(name));
             return v;
         };
         // An option ends the command before it.
@@ -48,12 +51,12 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         else if (name == "--script") {
             const std::string path = value();
             std::ifstream in(path, std::ios::binary);
-            if (!in) throw std::invalid_argument("--script " + path + ": cannot read the file");
+            if (!in) throw std::invalid_argument(options::cannotRead("--script", path));
             std::ostringstream text;
             text << in.rdbuf();
             for (std::string& line : scriptCommands(text.str())) script.push_back(std::move(line));
         } else if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) {
-            throw std::invalid_argument("unknown option " + name);
+            throw std::invalid_argument(options::unknownOption(name));
         } else {
             std::string word = args[i];
             const bool ends = !word.empty() && (word.back() == ',' || word.back() == ';');
@@ -117,6 +120,6 @@ std::string ctlHelp() {
            "                       (docs/remote-control.md)\n";
 }
 
-std::string ctlVersion() { return std::string("corvane-ctl ") + STATION_VERSION + "\n"; }
+std::string ctlVersion() { return "corvane-ctl " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::ctl

@@ -24,11 +24,12 @@ void CtlMessages::show(const std::string& text, Icon icon) {
     if (icon != Icon::Information) ++failures_;
 }
 
-Bytes CountingPort::readAll() {
-    Bytes bytes = port_.readAll();
-    for (std::uint8_t b : bytes)
-        if (b == 0x02) ++replies_;
-    return bytes;
+void ReplyCount::frameReceived(const Bytes&, bool good) {
+    if (good && camera_ >= 0 && camera_ <= kMaxCamera) ++replies_.at(static_cast<std::size_t>(camera_));
+}
+
+long ReplyCount::replies(int camera) const {
+    return camera >= 0 && camera <= kMaxCamera ? replies_.at(static_cast<std::size_t>(camera)) : 0;
 }
 
 std::vector<int> cameraList(const std::string& text) {
@@ -56,28 +57,22 @@ std::vector<int> cameraList(const std::string& text) {
     return cameras;
 }
 
-Session::Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, CountingPort& port,
-                 CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet)
-    : station_(station), commands_(commands), ticks_(ticks), port_(port), messages_(messages), out_(out),
-      err_(err), quiet_(quiet) {}
+Session::Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, CtlMessages& messages,
+                 std::ostream& out, std::ostream& err, bool quiet)
+    : commands_(commands), view_(commands.readout()), ticks_(ticks), replies_(replies), messages_(messages),
+      out_(out), err_(err), quiet_(quiet) {}
 
 void Session::progress(const std::string& text) {
     if (!quiet_) err_ << "corvane-ctl: " << text << "\n";
 }
 
-std::string Session::cameraName(int camera) const {
-    const auto& cams = station_.shared.cams;
-    const std::string type = cams.CamType(camera);
-    return "camera " + std::to_string(camera) + (type.empty() ? " (no type)" : " (" + type + ", ID " + cams.CamID(camera) + ")");
-}
-
 void Session::settle() {
-    ticks_.runUntil([this] { return station_.link.AckWait() < 0 && station_.link.AnsWait() < 0; }, milliseconds(2000));
+    ticks_.runUntil([this] { return !view_.awaitingAcknowledge() && !view_.awaitingAnswer(); }, milliseconds(2000));
 }
 
 bool Session::waitUntilSent(Micros limit) {
     return ticks_.runUntil(
-        [this] { return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0; }, limit);
+        [this] { return view_.queued() == 0 && !view_.awaitingAcknowledge(); }, limit);
 }
 
 bool Session::run(const std::string& line) {
@@ -95,16 +90,13 @@ bool Session::run(const std::string& line) {
             const std::string which = words.take("white or black");
             const std::string camera = words.done() ? "" : words.take("camera");
             words.end();
-            return autoSetup(which, camera);
+            return autoRun(which, camera);
         }
         if (verb == "raw") {
             words.take("command");
             const std::string hex = words.take("hex bytes");
             words.end();
-            commands_.gesture([this, &hex] {
-                station_.console.Text1.setText(hex);
-                station_.console.Command1_Click();
-            });
+            commands_.perform(commands_.actions().consoleFrame(hex));
             ticks_.run(milliseconds(200));
             return true;
         }
@@ -141,7 +133,7 @@ bool Session::remote(const std::string& line) {
 bool Session::pageOf(const std::string& action, const std::string& cameraText) {
     bool allGood = true;
     for (const int camera : cameraList(cameraText)) {
-        progress(cameraName(camera) + ": page " + action);
+        progress(view_.cameraName(camera) + ": page " + action);
         const std::string select = commands_.execute("camera " + std::to_string(camera));
         if (select != "OK") {
             outcomes_.push_back({camera, action, true, select});
@@ -149,31 +141,30 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
             continue;
         }
         const int failuresBefore = messages_.failures();
-        const long repliesBefore = port_.replies();
+        const long repliesBefore = replies_.replies(camera);
         const std::string reply = commands_.execute(action == "read" ? "page read" : "page send");
         Micros lastReply = ticks_.now();
         long seen = repliesBefore;
         ticks_.afterTick = [&] {
-            if (port_.replies() != seen) {
-                seen = port_.replies();
+            if (replies_.replies(camera) != seen) {
+                seen = replies_.replies(camera);
                 lastReply = ticks_.now();
             }
             // A camera that does not answer would keep the line for a second per frame:
             // the rest of its page is given up at its first failure.
-            if (messages_.failures() != failuresBefore)
-                while (station_.link.queue().SendCnt() > 0) station_.link.queue().SendBuffShift();
+            if (messages_.failures() != failuresBefore) (void)commands_.actions().dropQueued();
         };
         bool done = reply == "OK";
         if (done) {
             done = ticks_.runUntil(
                 [&] {
-                    return station_.link.queue().SendCnt() == 0 && station_.link.AckWait() < 0 &&
+                    return view_.queued() == 0 && !view_.awaitingAcknowledge() &&
                            (action == "write" || ticks_.now() - lastReply >= kQuiet);
                 },
                 kCameraLimit);
         }
         ticks_.afterTick = nullptr;
-        const long replies = port_.replies() - repliesBefore;
+        const long replies = replies_.replies(camera) - repliesBefore;
         std::string detail;
         if (reply != "OK") detail = reply;
         else if (!done) detail = "the line did not finish in time";
@@ -182,35 +173,34 @@ bool Session::pageOf(const std::string& action, const std::string& cameraText) {
         if (detail.empty() && action == "read") {
             // The settings read are in the working copy; they become the selected scene.
             const std::string stored =
-                commands_.execute("scene store " + std::to_string(station_.shared.ScnNo(camera)));
+                commands_.execute("scene store " + std::to_string(view_.sceneOf(camera)));
             if (stored != "OK") detail = stored;
         }
         if (detail.empty()) detail = action == "read" ? std::to_string(replies) + " replies" : "sent";
         const bool failed = !(detail == "sent" || detail.find(" replies") != std::string::npos);
         outcomes_.push_back({camera, action, failed, detail});
-        progress(cameraName(camera) + ": " + detail);
+        progress(view_.cameraName(camera) + ": " + detail);
         allGood = allGood && !failed;
     }
     return allGood;
 }
 
-bool Session::autoSetup(const std::string& which, const std::string& camera) {
-    int number = station_.shared.CamNo;
+bool Session::autoRun(const std::string& which, const std::string& camera) {
+    int number = view_.selectedCamera();
     if (!camera.empty()) {
         number = cameraList(camera).front();
         if (!remote("camera " + std::to_string(number))) return false;
     }
-    progress(cameraName(number) + ": auto " + which);
+    progress(view_.cameraName(number) + ": auto " + which);
     const std::string reply = commands_.execute("auto " + which);
     if (reply != "OK") {
         out_ << reply << "\n";
         outcomes_.push_back({number, "auto " + which, true, reply});
         return false;
     }
-    const Form6& message = station_.form6;
     const bool answered = ticks_.runUntil(
-        [&] { return message.Label2.Caption != "Now doing" || !message.form.Visible; }, milliseconds(60'000));
-    std::string result = message.Label2.Caption;
+        [&] { return view_.autoResult() != "Now doing" || !view_.autoShown(); }, milliseconds(60'000));
+    std::string result = view_.autoResult();
     if (!answered || result == "Now doing") result = "no result";
     const bool failed = result.rfind("OK", 0) != 0;
     out_ << "auto " << which << " " << number << ": " << result << "\n";
@@ -221,7 +211,7 @@ bool Session::autoSetup(const std::string& which, const std::string& camera) {
 int Session::finish() {
     bool failed = refused_;
     for (const Outcome& o : outcomes_) {
-        err_ << "corvane-ctl: " << cameraName(o.camera) << " " << o.action << ": " << (o.failed ? "FAILED, " : "")
+        err_ << "corvane-ctl: " << view_.cameraName(o.camera) << " " << o.action << ": " << (o.failed ? "FAILED, " : "")
              << o.detail << "\n";
         failed = failed || o.failed;
     }

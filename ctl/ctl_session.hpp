@@ -4,12 +4,14 @@
 // (read, write, auto with a camera) wait until the line is done with the camera; every
 // other command is a remote command and waits until the frames it queued have gone out.
 
+#include <array>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "common/messages.hpp"
-#include "common/serial_port.hpp"
+#include "common/shared.hpp"
+#include "link/link_events.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 
@@ -29,31 +31,28 @@ private:
     std::string last_;
 };
 
-// The serial port, counting the reply frames (STX bytes) read from it.
-class CountingPort final : public SerialPort {
+// The replies the line took cleanly, credited to the camera the last frame sent was queued
+// for (a reply answers the request before it), whichever camera is selected meanwhile.
+class ReplyCount final : public LinkEvents {
 public:
-    explicit CountingPort(SerialPort& port) : port_(port) {}
-    void setCommPort(int port) override { port_.setCommPort(port); }
-    void setSettings(const std::string& s) override { port_.setSettings(s); }
-    void open() override { port_.open(); }
-    void close() override { port_.close(); }
-    bool isOpen() const override { return port_.isOpen(); }
-    int bytesWaiting() override { return port_.bytesWaiting(); }
-    Bytes readAll() override;
-    void write(const Bytes& data) override { port_.write(data); }
-    long replies() const { return replies_; }
+    void frameSent(const SendRec& sent, bool) override { camera_ = sent.Camera; }
+    void frameAcknowledged(const SendRec&) override {}
+    void frameReceived(const Bytes&, bool good) override;
+    void noAcknowledge(const SendRec&) override {}
+    void noAnswer() override {}
+    long replies(int camera) const;
 
 private:
-    SerialPort& port_;
-    long replies_ = 0;
+    int camera_ = 0;
+    std::array<long, kMaxCamera + 1> replies_{};
 };
 
 class Session {
 public:
-    Session(Station& station, remote::CommandSet& commands, TickLoop& ticks, CountingPort& port,
-            CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet);
+    Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, CtlMessages& messages,
+            std::ostream& out, std::ostream& err, bool quiet);
 
-    // Waits until the link's watches are idle after start-up.
+    // Waits until the acknowledge and answer watches are idle after start-up.
     void settle();
     // Carries out one command; false when it was refused or a camera failed.
     bool run(const std::string& line);
@@ -70,15 +69,14 @@ private:
 
     bool remote(const std::string& line);
     bool pageOf(const std::string& action, const std::string& cameras);
-    bool autoSetup(const std::string& which, const std::string& camera);
+    bool autoRun(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
-    std::string cameraName(int camera) const;
     void progress(const std::string& text);
 
-    Station& station_;
     remote::CommandSet& commands_;
+    const StationReadout& view_;
     TickLoop& ticks_;
-    CountingPort& port_;
+    ReplyCount& replies_;
     CtlMessages& messages_;
     std::ostream& out_;
     std::ostream& err_;

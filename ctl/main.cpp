@@ -12,7 +12,7 @@
 #include "ctl/ctl_session.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
-#include "remote/preset_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
 #include "sim/line_setup.hpp"
 #include "sim/sim_port.hpp"
@@ -59,26 +59,30 @@ int run(const ctl::CtlOptions& options) {
         device = std::make_unique<platform::TermiosPort>(options.port ? *options.port : std::string(variable));
     }
 
-    ctl::CountingPort port(*device);
     ctl::CtlMessages messages(std::cerr);
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs(none);
+    NoDialogs none;
+    PresetDialogs dialogs(none);
     DiskWriter writer;
-    Station station({port, messages, dialogs, writer, definitionFolder(options)});
+    ctl::ReplyCount replies;  // watches the station's line: outlives it
+    Station station({*device, messages, dialogs, writer, definitionFolder(options)});
+    station.watchLine(replies);
     remote::CommandSet commands(station, dialogs, {});
+    Actions& actions = commands.actions();
 
     std::unique_ptr<ctl::Clock> clock;
     if (line) clock = std::make_unique<ctl::LineClock>(*line);
     else clock = std::make_unique<ctl::RealClock>();
     ctl::TickLoop ticks(station, *clock);
-    ctl::Session session(station, commands, ticks, port, messages, std::cout, std::cerr, options.quiet);
+    ctl::Session session(commands, ticks, replies, messages, std::cout, std::cerr, options.quiet);
 
+    // What the station leaves out or changes without a box is said on the error stream.
+    station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
     station.Form_Load();
     if (options.setup) {
         const std::string path = fs::absolute(*options.setup).string();
         dialogs.answerNextOpen(path);
-        station.OPEN_Click();
-        if (station.setupFile.FileName != path) throw std::invalid_argument("cannot open " + path);
+        (void)actions.open();  // a failure is told on the error stream; the name tells the outcome
+        if (actions.readout().fileName() != path) throw std::invalid_argument("cannot open " + path);
     }
     session.settle();
 
@@ -87,10 +91,14 @@ int run(const ctl::CtlOptions& options) {
     int status = session.finish();
     if (options.save) {
         const std::string path = fs::absolute(*options.save).string();
+        // The file named is replaced, never the one a link of that name points to.
+        std::error_code ec;
+        if (fs::is_symlink(fs::symlink_status(path, ec)))
+            throw std::invalid_argument(path + " is a symbolic link: not saved");
         const int before = messages.failures();
         dialogs.answerNextSave(path);
-        station.SAVE_AS_Click();
-        if (messages.failures() != before || station.setupFile.FileName != path) {
+        (void)actions.saveAs();
+        if (messages.failures() != before || actions.readout().fileName() != path) {
             std::cerr << "corvane-ctl: " << path << " was not saved\n";
             status = 1;
         } else {
@@ -118,7 +126,7 @@ int main(int argc, char** argv) {
     try {
         return run(options);
     } catch (const RuntimeError& e) {
-        std::cerr << "corvane-ctl: Run-time error " << e.number() << ": " << e.what() << "\n";
+        std::cerr << "corvane-ctl: " << runtimeErrorText(e) << "\n";
     } catch (const std::exception& e) {
         std::cerr << "corvane-ctl: " << e.what() << "\n";
     }

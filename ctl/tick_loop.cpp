@@ -11,12 +11,7 @@ Micros RealClock::now() {
 void RealClock::sleepUntil(Micros t) { std::this_thread::sleep_until(start_ + t); }
 
 TickLoop::TickLoop(Station& station, Clock& clock) : clock_(clock) {
-    Station* s = &station;
-    entries_.push_back({station.link.Timer1, [s] { s->Timer1_Timer(); }});
-    entries_.push_back({station.link.Timer2, [s] { s->Timer2_Timer(); }});
-    entries_.push_back({station.link.Timer3, [s] { s->Timer3_Timer(); }});
-    entries_.push_back({station.form1.Timer4, [s] { s->Timer4_Timer(); }});
-    entries_.push_back({station.form6.Timer1, [s] { s->Form6Timer_Timer(); }});
+    for (StationTick& t : stationTicks(station)) entries_.push_back({t.model, std::move(t.tick)});
 }
 
 void TickLoop::follow(Entry& e, Micros now) {

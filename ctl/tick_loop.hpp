@@ -1,14 +1,13 @@
 #pragma once
-// Drives the station's five timers at their model intervals (40 ms poll, 100 ms
-// acknowledge watch, 500 ms answer watch, 500 ms filter release, 500 ms auto message) on a
-// clock: the real one on a serial line, or the simulated camera line's own time, which
-// then runs as fast as the machine allows.
+// Drives the station's timers (its tick table) at their model intervals on a clock: the
+// real one on a serial line, or the simulated camera line's own time, which then runs as
+// fast as the machine allows.
 
 #include <chrono>
 #include <functional>
 #include <vector>
 
-#include "app/station.hpp"
+#include "app/tick_table.hpp"
 #include "sim/line.hpp"
 
 namespace station::ctl {
@@ -56,7 +55,7 @@ public:
 
 private:
     struct Entry {
-        Timer& model;
+        const Timer& model;
         std::function<void()> tick;
         Micros next{0};
         bool running = false;

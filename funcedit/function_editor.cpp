@@ -65,9 +65,20 @@ std::string* FunctionEditor::stored(int f, const FunctionItem& it) {
 std::string FunctionEditor::valueText(const FunctionItem& item, const std::string& value) const {
     if (item.kind() == 'T') return "";
     if (value.empty()) return "(not set)";
-    if (item.kind() == 'A') return value;
-    if (const int k = item.findValue(value); k > 0) return item.valueName(k);
-    return "unknown (" + value + ")";
+    const FunctionItem::Value v = item.valueOf(value);
+    if (v.text.empty()) return "unknown (" + value + ")";
+    if (item.kind() == 'A') return v.text;
+    if (const int k = item.findValue(v.text); k > 0) return item.valueName(k);
+    return "unknown (" + v.text + ")";
+}
+
+void FunctionEditor::tellClamped(int f, const FunctionItem& it, const std::string& value) {
+    if (!Notify || !clampTold_.insert(std::to_string(shared_.CamNo) + " " + it.code() + "=" + value).second) return;
+    const FunctionItem::Range r = it.range();
+    Notify(types_.FuncList(slot(), f, 1) + ", " + it.name() + ": the stored value " + value + " is outside " +
+           hexDigits(static_cast<unsigned long>(r.min), r.digits) + " to " +
+           hexDigits(static_cast<unsigned long>(r.max), r.digits) + "; " + it.valueOf(value).text +
+           " is shown and sent");
 }
 
 void FunctionEditor::FuncListDsp() {
@@ -95,7 +106,10 @@ void FunctionEditor::DataFuncDsp() {
     for (int i = 1; i <= items; ++i) {
         const FunctionItem it = item(f, i);
         if (it.kind() != 'M' && it.kind() != 'A' && it.kind() != 'S') continue;
-        if (const std::string* v = stored(f, it); v != nullptr && !v->empty()) link_.SendCmd(it.command(*v));
+        const std::string* v = stored(f, it);
+        if (v == nullptr) continue;
+        // The value as the page shows it, not the text the file held.
+        if (const FunctionItem::Value shown = it.valueOf(*v); !shown.text.empty()) link_.SendCmd(it.command(shown.text));
     }
 }
 
@@ -130,6 +144,7 @@ void FunctionEditor::showPage() {
     for (int i = 1; i <= items; ++i) {
         const FunctionItem it = item(f, i);
         const std::string* v = stored(f, it);
+        if (v != nullptr && it.valueOf(*v).clamped) tellClamped(f, it, *v);
         form_.List2.addItem(it.kind() == 'T' ? it.name() : it.name() + ": " + valueText(it, v ? *v : std::string()));
     }
     if (items < 1) item_ = 0;
@@ -152,6 +167,7 @@ void FunctionEditor::showItem() {
     const FunctionItem it = item(f, item_);
     const std::string* stored = this->stored(f, it);
     const std::string value = stored ? *stored : std::string();
+    const std::string shown = it.valueOf(value).text;
     form_.Label2.Caption = it.name();
     if (it.kind() == 'A') {
         form_.List3.clear();
@@ -164,7 +180,7 @@ void FunctionEditor::showItem() {
         bar.SmallChange = static_cast<int>(r.step);
         bar.LargeChange = static_cast<int>(std::min(r.step * 16, std::max(r.max - r.min, r.step)));
         bar.Enabled = true;
-        const auto v = hexNumber(value);
+        const auto v = hexNumber(shown);
         bar.setValue(v ? static_cast<int>(*v) : static_cast<int>(r.min));
         form_.Label3.Caption = valueText(it, value) + "   (" + hexDigits(static_cast<unsigned long>(r.min), r.digits) +
                                " to " + hexDigits(static_cast<unsigned long>(r.max), r.digits) + ", step " +
@@ -179,7 +195,7 @@ void FunctionEditor::showItem() {
         for (int k = 1; k <= it.valueCount(); ++k) form_.List3.addItem(it.valueName(k));
         built_ = now;
     }
-    form_.List3.setListIndex(it.kind() == 'T' ? -1 : it.findValue(value) - 1);
+    form_.List3.setListIndex(it.kind() == 'T' || shown.empty() ? -1 : it.findValue(shown) - 1);
     form_.Label3.Caption = valueText(it, value);
 }
 

@@ -5,7 +5,9 @@
 // sends (CtrlReady 0 while the controls are set), and showing a page while CtrlReady is 1
 // also sends every item of it that has a value, which is how a page is written to a camera.
 //
-// Values are kept as the hex text of the code that is sent ("01", "7F", "01A0"): items of
+// Values are kept as the hex text of the code that is sent ("01", "7F", "01A0"); a value in
+// another form (from a hand-edited file: "7", "1a0") is shown and sent in the item's form,
+// clamped to its range, and kept as it was until the item is changed. Items of
 // scene functions ("FS") in the selected camera's working scene of FuncScnData, items of
 // plain functions ("F") in its FuncData, in the row of the item's code. An item never set
 // is empty and is never sent. Replies store into the selected camera, like the main panel.
@@ -13,6 +15,7 @@
 #include <functional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "camtype/setting_stores.hpp"
 #include "camtype/type_tables.hpp"
@@ -61,6 +64,9 @@ public:
     // Starts an automatic set-up (operation code, action name) and shows its progress; an
     // action item with the prefix "40" goes here instead of straight to the line.
     std::function<void(const std::string& operation, const std::string& title)> startAutoSetup;
+    // A word to the operator that needs no answer: a stored value outside its item's range,
+    // told once per camera, item and value.
+    std::function<void(const std::string&)> Notify;
 
     // The stored value of an item code in a function of key "FS" or "F" for the selected
     // camera; nullptr for other keys, the GROUP position and codes without a row.
@@ -81,6 +87,7 @@ private:
     void showPage();
     void showItem();
     void changeItem(const FunctionItem& it, const std::string& value);
+    void tellClamped(int f, const FunctionItem& it, const std::string& value);
 
     Shared& shared_;
     TypeTables& types_;
@@ -97,6 +104,7 @@ private:
     // The row of each item code in FuncScnData and FuncData, as last found.
     std::unordered_map<std::string, int> sceneRows_;
     std::unordered_map<std::string, int> plainRows_;
+    std::unordered_set<std::string> clampTold_;  // "camera code=value" already told
 };
 
 }  // namespace station

@@ -75,6 +75,27 @@ FunctionItem::Range FunctionItem::range() const {
     return r;
 }
 
+FunctionItem::Value FunctionItem::valueOf(std::string_view stored) const {
+    const auto number = hexNumber(stored);
+    if (!number) return {};
+    if (kind_ == 'A') {
+        const Range r = range();
+        const long v = static_cast<long>(std::min<unsigned long>(*number, 0xFFFFFFFFul >> 1));
+        const long clamped = std::clamp(v, r.min, r.max);
+        return {hexDigits(static_cast<unsigned long>(clamped), r.digits), clamped != v};
+    }
+    if (kind_ == 'M') return *number <= 0xFF ? Value{hexDigits(*number, 2)} : Value{};
+    if (kind_ != 'S') return {};
+    // A speed's code has two digits and a variable-shutter step's four: the stored text's
+    // length tells which one "1" and "0001" mean.
+    const bool step = stored.size() > 2;
+    if (const int k = findValue(stored); k > 0) return {valueCode(k)};
+    for (int k = 1; k <= valueCount(); ++k)
+        if ((valueCode(k).size() > 2) == step && hexNumber(valueCode(k)) == number) return {valueCode(k)};
+    if (*number > (step ? 0xFFFFul : 0xFFul)) return {};
+    return {hexDigits(*number, step ? 4 : 2)};
+}
+
 std::string FunctionItem::command(const std::string& value) const {
     if (kind_ == 'M') return code_.substr(0, 4) + value + code_.substr(std::min<std::size_t>(4, code_.size()));
     std::string cmd = code_ + value;

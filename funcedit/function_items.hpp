@@ -51,6 +51,17 @@ public:
     };
     Range range() const;
 
+    // The value a stored text denotes, in the item's own form: SIZE digits for an A item,
+    // clamped to MIN..MAX; two digits for an M item; for an S item the code of its speed or
+    // step, else two or four digits as the text had. A hand-edited file may hold "7", "1a0"
+    // or "1"; the editor shows and sends "07", "01A0", "01". Empty when the text denotes
+    // no value the item can send (not hex, too big).
+    struct Value {
+        std::string text;
+        bool clamped = false;  // an A value outside MIN..MAX, brought to the nearer end
+    };
+    Value valueOf(std::string_view stored) const;
+
     // The set command that sends `value` (a value code, or an analog value's hex text).
     std::string command(const std::string& value) const;
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "remote/osc_codec.hpp"
 #include "tests/support/null_platform.hpp"
@@ -21,8 +22,8 @@ struct Rig {
     Rig() { station.Form_Load(); }
     NullPort port;
     QuietMessages messages;
-    remote::NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    NoDialogs none;
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {}};
@@ -33,7 +34,7 @@ struct Rig {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     static Rig rig;
     const remote::OscCommand osc = remote::decodeOsc(data, size);
-    const std::string line = osc.error.empty() ? osc.line
+    const std::string line = osc.error.empty() ? osc.text
                                                : std::string(reinterpret_cast<const char*>(data), size);
     const std::string reply = rig.commands.execute(line);
     if (!reply.empty() && reply.rfind("OK", 0) != 0 && reply.rfind("ERR ", 0) != 0) std::abort();

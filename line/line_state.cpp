@@ -6,17 +6,6 @@
 
 namespace station {
 
-namespace {
-constexpr std::uint8_t kAckPrefix = 0x06;
-constexpr std::uint8_t kSoh = 0x01;
-
-// An ID as the frame header carries it: the last three characters, blank-padded in front.
-std::string headerId(const std::string& id) {
-    const std::string padded = "   " + id;
-    return padded.substr(padded.size() - 3);
-}
-}  // namespace
-
 LineState::LineState(const Shared& shared, SerialPort& port, std::function<Clock::time_point()> clock)
     : shared_(shared), port_(port), clock_(std::move(clock)) {}
 
@@ -103,26 +92,14 @@ void LineState::noteHex(const std::string& what, const std::string& frameHex, in
     log.add(std::move(entry));
 }
 
-int LineState::cameraOf(const Bytes& frame) const {
-    std::size_t at = 0;
-    if (at < frame.size() && frame[at] == kAckPrefix) ++at;
-    if (at + 3 < frame.size() && frame[at] == kSoh) {
-        const std::string id(frame.begin() + static_cast<std::ptrdiff_t>(at + 1),
-                             frame.begin() + static_cast<std::ptrdiff_t>(at + 4));
-        for (int camera = 1; camera <= kMaxCamera; ++camera)
-            if (!shared_.cams.CamID(camera).empty() && headerId(shared_.cams.CamID(camera)) == id) return camera;
-        return 0;
-    }
-    // Without an ID header the frame is for the selected camera.
-    return shared_.CamNo;
+void LineState::frameSent(const SendRec& sent, bool resend) {
+    // The camera the frame was queued for, not the one selected now: a page queued for one
+    // camera may still be going out after the operator has selected another.
+    lastCamera_ = sent.Camera;
+    if (resend) note("NAK received, frame sent again", sent.Data);
 }
 
-void LineState::frameSent(const Bytes& frame, bool resend) {
-    lastCamera_ = cameraOf(frame);
-    if (resend) note("NAK received, frame sent again", frame);
-}
-
-void LineState::frameAcknowledged(const Bytes&) { answers.answered(lastCamera_, now()); }
+void LineState::frameAcknowledged(const SendRec&) { answers.answered(lastCamera_, now()); }
 
 void LineState::frameReceived(const Bytes& frame, bool good) {
     if (good) {
@@ -133,9 +110,9 @@ void LineState::frameReceived(const Bytes& frame, bool good) {
     }
 }
 
-void LineState::noAcknowledge(const Bytes& frame) {
+void LineState::noAcknowledge(const SendRec& sent) {
     answers.failed(lastCamera_);
-    note("No Acknowledge", frame);
+    note("No Acknowledge", sent.Data);
 }
 
 void LineState::noAnswer() { note("No Answer from Camera"); }

@@ -82,14 +82,13 @@ public:
     LineLog log;
     FormWindow window{"Line log"};  // the window that shows the log
 
-    void frameSent(const Bytes& frame, bool resend) override;
-    void frameAcknowledged(const Bytes& frame) override;
+    void frameSent(const SendRec& sent, bool resend) override;
+    void frameAcknowledged(const SendRec& sent) override;
     void frameReceived(const Bytes& frame, bool good) override;
-    void noAcknowledge(const Bytes& frame) override;
+    void noAcknowledge(const SendRec& sent) override;
     void noAnswer() override;
 
 private:
-    int cameraOf(const Bytes& frame) const;
     void setCondition(LineCondition condition, std::string reason);
 
     const Shared& shared_;

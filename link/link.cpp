@@ -32,7 +32,7 @@ void Link::SendCmd(const std::string& cmdStr) {
         }
         header.withId = true;
     }
-    queue_.append(buildFrame(cmdStr, header));
+    queue_.append(buildFrame(cmdStr, header), shared_.CamNo);
 }
 
 void Link::CommOut(const Bytes& data) {
@@ -85,7 +85,7 @@ void Link::Timer1_Timer() {
     if (queue_.SendCnt() >= 1 && ackWait_ == -1 && ansWait_ == -1) {
         CommOut(queue_.head().Data);
         ackWait_ = kAckTicks;
-        if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
+        for (LinkEvents* e : events_) e->frameSent(queue_.head(), false);
     }
 }
 
@@ -97,12 +97,12 @@ void Link::consumeReceived(std::size_t available) {
         } else {
             if (first == kAck && ackWait_ > 0) {
                 ackWait_ = -1;
-                if (events_ != nullptr) events_->frameAcknowledged(queue_.head().Data);
+                for (LinkEvents* e : events_) e->frameAcknowledged(queue_.head());
                 removeHeadAfterAck();
             } else if (first == kNak && ackWait_ >= 1) {
                 CommOut(queue_.head().Data);
                 ackWait_ = kAckTicks;
-                if (events_ != nullptr) events_->frameSent(queue_.head().Data, true);
+                for (LinkEvents* e : events_) e->frameSent(queue_.head(), true);
             }
             recBuff_.erase(recBuff_.begin());
         }
@@ -135,7 +135,10 @@ bool Link::consumeFrame(std::size_t available) {
         ansWait_ = -1;
         CommOut(ackByte_);
     }
-    if (events_ != nullptr) events_->frameReceived(Bytes(frame.begin(), frame.end()), !bad);
+    if (!events_.empty()) {
+        const Bytes received(frame.begin(), frame.end());
+        for (LinkEvents* e : events_) e->frameReceived(received, !bad);
+    }
     recBuff_.erase(recBuff_.begin(), recBuff_.begin() + static_cast<std::ptrdiff_t>(n));
     return true;
 }
@@ -144,7 +147,7 @@ void Link::lineBack() {
     if (ackWait_ < 1 || queue_.SendCnt() < 1) return;
     CommOut(queue_.head().Data);
     ackWait_ = kAckTicks;
-    if (events_ != nullptr) events_->frameSent(queue_.head().Data, false);
+    for (LinkEvents* e : events_) e->frameSent(queue_.head(), false);
 }
 
 void Link::removeHeadAfterAck() {
@@ -157,7 +160,7 @@ void Link::Timer2_Timer() {
     const Integer was = ackWait_;
     ackWait_ = static_cast<Integer>(ackWait_ - 1);
     if (was != 1) return;
-    if (events_ != nullptr) events_->noAcknowledge(queue_.head().Data);
+    for (LinkEvents* e : events_) e->noAcknowledge(queue_.head());
     messages_.show("No Acknowledge", Icon::Exclamation);
     ackWait_ = -1;
     removeHeadAfterAck();
@@ -168,7 +171,7 @@ void Link::Timer3_Timer() {
     const Integer was = ansWait_;
     ansWait_ = static_cast<Integer>(ansWait_ - 1);
     if (was != 1) return;
-    if (events_ != nullptr) events_->noAnswer();
+    for (LinkEvents* e : events_) e->noAnswer();
     messages_.show("No Answer from Camera", Icon::Exclamation);
     ansWait_ = -1;
 }

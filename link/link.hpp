@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "common/bytes.hpp"
 #include "common/controls.hpp"
@@ -62,8 +63,9 @@ public:
     // restarted, as after the camera's NAK. Otherwise nothing happens.
     void lineBack();
 
-    // Who watches the line; nothing by default. The watcher must outlive the link.
-    void watch(LinkEvents* events) { events_ = events; }
+    // Adds a watcher of the line (the line's state; a client counting replies); none by
+    // default. Each watcher must outlive the link.
+    void watch(LinkEvents* events) { events_.push_back(events); }
 
     // Timers of the main window that drive the three ticks above.
     Timer Timer1;
@@ -98,7 +100,7 @@ private:
     const Bytes nakByte_{0x15};
     Integer testCnt_ = 0;
     Bytes testData_;
-    LinkEvents* events_ = nullptr;
+    std::vector<LinkEvents*> events_;
 };
 
 }  // namespace station

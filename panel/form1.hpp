@@ -13,6 +13,7 @@
 #include <string>
 
 #include "common/controls.hpp"
+#include "common/version.hpp"
 #include "common/vb_conv.hpp"
 
 namespace station {
@@ -77,7 +78,7 @@ struct Form1 {
     MenuItem IDcont{"Camera ID on"};
     Array<MenuItem> ACK{0, 1};
     Array<MenuItem> Speed{0, 1};
-    MenuItem helpVersion{"Ver 0.13"};
+    MenuItem helpVersion{"Ver " + std::string(kStationVersion)};
 };
 
 }  // namespace station

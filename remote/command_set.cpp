@@ -1,11 +1,9 @@
 #include "remote/command_set.hpp"
 
-#include "common/runtime_error.hpp"
-
 namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
-    : station_(station), dialogs_(dialogs), access_(std::move(access)), watch_(station) {
+    : actions_(station), dialogs_(dialogs), access_(std::move(access)), watch_(actions_.readout()) {
     add({"help", "help", false, [this](Words& w) {
              w.end();
              std::string all;
@@ -59,8 +57,8 @@ std::string CommandSet::run(Words& words) {
     if (found == commands_.end()) throw CommandError("unknown command \"" + words.peek() + "\" (help lists them)");
     const Command& command = found->second;
     if (command.acts) {
-        if (station_.ended()) throw CommandError("the station has ended");
-        const int waiting = station_.link.queue().SendCnt();
+        if (readout().ended()) throw CommandError("the station has ended");
+        const int waiting = readout().queued();
         if (waiting > access_.queueLimit)
             throw CommandError("queue full: " + std::to_string(waiting) + " frames waiting, try again");
     }
@@ -68,18 +66,10 @@ std::string CommandSet::run(Words& words) {
     return command.run(words);
 }
 
-void CommandSet::gesture(const std::function<void()>& action) {
-    std::optional<std::string> failure;
-    station_.act([&] {
-        try {
-            action();
-        } catch (const RuntimeError& e) {
-            failure = "Run-time error " + std::to_string(e.number()) + ": " + e.what();
-            throw;  // the station's own boundary tells the operator and restores the panel
-        }
-    });
-    if (afterGesture) afterGesture();
-    if (failure) throw CommandError(*failure);
+std::string CommandSet::perform(const ActionResult& result) {
+    if (result.acted() && afterGesture) afterGesture();
+    if (!result.ok()) throw CommandError(result.why());
+    return {};
 }
 
 }  // namespace station::remote

@@ -1,7 +1,7 @@
 #pragma once
-// The station's remote command set: one text command per line, carried out against the
-// Station through the same entry points its windows use (the form models' controls and the
-// Station's actions), so every behaviour of the panel holds as for a mouse click. Each
+// The station's remote command set: one text command per line, carried out through the
+// station's named actions (the front door its windows' gestures share), so every behaviour
+// of the panel holds as for a mouse click; state is read from the station's readout. Each
 // command is answered by lines whose last is "OK", "OK <value>" or "ERR <reason>".
 // Changes of what a surface shows are reported separately, by changes().
 //
@@ -21,9 +21,9 @@
 #include <string_view>
 #include <vector>
 
-#include "app/station.hpp"
+#include "app/actions.hpp"
+#include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
-#include "remote/preset_dialogs.hpp"
 #include "remote/station_state.hpp"
 
 namespace station::remote {
@@ -71,22 +71,24 @@ public:
     std::optional<std::string> getAdded(Words& words);
     std::vector<std::string> usage() const;
 
-    // Runs a gesture at the station's error boundary (the operator is told of a failure as
-    // for a window's gesture); raises CommandError with the runtime's text when it failed.
-    void gesture(const std::function<void()>& action);
-    // Runs after every gesture (the desktop program redraws its windows).
+    // The outcome of an action as a command's: "" when done; CommandError with the reason
+    // when it was refused or failed (the operator was told of a failure as for a window's
+    // gesture).
+    std::string perform(const ActionResult& result);
+    // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
     // True while something must not be interrupted (a message box is up): commands wait.
     std::function<bool()> busy;
 
-    Station& station() { return station_; }
+    Actions& actions() { return actions_; }
+    const StationReadout& readout() const { return actions_.readout(); }
     PresetDialogs& dialogs() { return dialogs_; }
     const RemoteAccess& access() const { return access_; }
 
 private:
     std::string run(Words& words);
 
-    Station& station_;
+    Actions actions_;
     PresetDialogs& dialogs_;
     RemoteAccess access_;
     StateWatch watch_;

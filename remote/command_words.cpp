@@ -16,6 +16,19 @@ std::size_t sequenceLength(unsigned char lead) {
     return 0;
 }
 
+// The range the byte after `lead` must lie in. The narrow ranges shut out the overlong
+// forms (E0, F0), the surrogate halves U+D800..U+DFFF (ED) and everything above U+10FFFF
+// (F4); every later byte is a plain continuation byte.
+bool secondByteFits(unsigned char lead, unsigned char second) {
+    unsigned char low = 0x80;
+    unsigned char high = 0xBF;
+    if (lead == 0xE0) low = 0xA0;
+    else if (lead == 0xED) high = 0x9F;
+    else if (lead == 0xF0) low = 0x90;
+    else if (lead == 0xF4) high = 0x8F;
+    return second >= low && second <= high;
+}
+
 }  // namespace
 
 std::optional<std::string> lineProblem(std::string_view line) {
@@ -26,6 +39,7 @@ std::optional<std::string> lineProblem(std::string_view line) {
         if (c == 0x7F) return "not a text line (control byte)";
         const std::size_t n = sequenceLength(c);
         if (n == 0 || i + n > line.size()) return "not a text line (not UTF-8)";
+        if (n > 1 && !secondByteFits(c, static_cast<unsigned char>(line[i + 1]))) return "not a text line (not UTF-8)";
         for (std::size_t k = 1; k < n; ++k)
             if ((static_cast<unsigned char>(line[i + k]) & 0xC0) != 0x80) return "not a text line (not UTF-8)";
         i += n;

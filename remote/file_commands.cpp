@@ -12,13 +12,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path allowedPath(const RemoteAccess& access, const std::string& name) {
+fs::path allowedPath(const RemoteAccess& access, const std::string& name, bool saving = false) {
     if (!access.fileFolder) throw CommandError("file commands are off: no folder was allowed for them");
     std::error_code ec;
     const fs::path folder = fs::weakly_canonical(*access.fileFolder, ec);
     if (ec) throw CommandError("the allowed folder cannot be read");
     fs::path path = fs::path(name);
     if (path.is_relative()) path = folder / path;
+    // A save replaces the file named, never the one a link of that name points to.
+    if (saving && fs::is_symlink(fs::symlink_status(path, ec)))
+        throw CommandError(name + " is a symbolic link: not saved");
     path = fs::weakly_canonical(path, ec);
     if (ec) throw CommandError("no such path: " + name);
     const fs::path inside = path.lexically_relative(folder);
@@ -34,40 +37,48 @@ std::optional<fs::file_time_type> modified(const fs::path& path) {
     return t;
 }
 
+// A file action that failed half-way has told the operator why; the client learns from the
+// file itself whether it was opened or saved.
+void fileGesture(CommandSet& c, const ActionResult& result) {
+    if (result.acted()) c.perform(ActionResult::done());
+    else c.perform(result);
+}
+
 }  // namespace
 
 void addFileCommands(CommandSet& commands) {
     CommandSet* c = &commands;
-    Station& s = commands.station();
+    Actions& a = commands.actions();
+    const StationReadout& s = a.readout();
 
-    commands.add({"open", "open FILE (a *.csd file in the allowed folder)", true, [c, &s](Words& w) {
+    commands.add({"open", "open FILE (a *.csd file in the allowed folder)", true, [c, &a, &s](Words& w) {
         const fs::path path = allowedPath(c->access(), w.take("file"));
         w.end();
         std::error_code ec;
         if (!fs::is_regular_file(path, ec)) throw CommandError("no such file: " + path.string());
         c->dialogs().answerNextOpen(path.string());
-        c->gesture([&s] { s.OPEN_Click(); });
-        if (s.setupFile.FileName != path.string()) throw CommandError("the file was not opened");
+        fileGesture(*c, a.open());
+        if (s.fileName() != path.string()) throw CommandError("the file was not opened");
         return std::string();
     }});
 
     commands.add({"save", "save [FILE] (the open file, or a *.csd file in the allowed folder)", true,
-                  [c, &s](Words& w) {
+                  [c, &a, &s](Words& w) {
         if (w.done()) {
             // Only the file already open, never a dialog on the operator's screen.
-            if (s.setupFile.FileName.empty()) throw CommandError("no setup file is open: name one");
-            const std::string path = allowedPath(c->access(), s.setupFile.FileName).string();
+            if (s.fileName().empty()) throw CommandError("no setup file is open: name one");
+            const std::string path = allowedPath(c->access(), s.fileName()).string();
             const auto before = modified(path);
-            c->gesture([&s] { s.SAVE_Click(); });
+            fileGesture(*c, a.save());
             const auto after = modified(path);
             if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
             return std::string();
         }
-        const fs::path path = allowedPath(c->access(), w.take("file"));
+        const fs::path path = allowedPath(c->access(), w.take("file"), true);
         w.end();
         const auto before = modified(path);
         c->dialogs().answerNextSave(path.string());
-        c->gesture([&s] { s.SAVE_AS_Click(); });
+        fileGesture(*c, a.saveAs());
         const auto after = modified(path);
         if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
         return std::string();

@@ -17,10 +17,10 @@ std::string quoted(const std::string& name) {
 }
 
 // The function titled `title` in the function list (1..), or 0.
-int functionTitled(const Station& s, const std::string& title) {
-    const ListBox& titles = s.form2.List1;
-    for (int f = 1; f <= titles.listCount(); ++f)
-        if (lower(titles.list(f - 1)) == lower(title)) return f;
+int functionTitled(const StationReadout& s, const std::string& title) {
+    const std::vector<std::string> titles = s.functionTitles();
+    for (std::size_t f = 0; f < titles.size(); ++f)
+        if (lower(titles[f]) == lower(title)) return static_cast<int>(f) + 1;
     return 0;
 }
 
@@ -29,20 +29,20 @@ struct ItemRef {
     int item = 0;
 };
 
-ItemRef takeItem(Station& s, Words& w) {
-    const ListBox& titles = s.form2.List1;
-    if (titles.listCount() == 0) throw CommandError("the selected camera has no functions (GROUP, or no camera type)");
+ItemRef takeItem(const StationReadout& s, Words& w) {
+    const std::vector<std::string> titles = s.functionTitles();
+    if (titles.empty()) throw CommandError("the selected camera has no functions (GROUP, or no camera type)");
     const std::string title = w.take("function title");
     ItemRef ref{functionTitled(s, title), 0};
     if (ref.function == 0) {
         std::string names;
-        for (const std::string& t : titles.items()) names += (names.empty() ? "" : ", ") + quoted(t);
+        for (const std::string& t : titles) names += (names.empty() ? "" : ", ") + quoted(t);
         throw CommandError("no function \"" + title + "\" (" + names + ")");
     }
     const std::string name = w.take("item name");
     std::string names;
-    for (int i = 1; i <= s.editor.itemCount(ref.function) && ref.item == 0; ++i) {
-        const std::string& n = s.editor.item(ref.function, i).name();
+    for (int i = 1; i <= s.itemCount(ref.function) && ref.item == 0; ++i) {
+        const std::string n = s.item(ref.function, i).name();
         if (lower(n) == lower(name)) ref.item = i;
         names += (names.empty() ? "" : ", ") + quoted(n);
     }
@@ -85,17 +85,18 @@ long analogValue(const FunctionItem& it, long now, Words& w) {
 
 void addFunctionCommands(CommandSet& commands) {
     CommandSet* c = &commands;
-    Station& s = commands.station();
+    Actions& a = commands.actions();
+    const StationReadout& s = a.readout();
 
     commands.add({"function", "function TITLE ITEM VALUE|N | function TITLE ITEM step N (the Function window's items)",
-                  true, [c, &s](Words& w) {
+                  true, [c, &a, &s](Words& w) {
         const ItemRef ref = takeItem(s, w);
-        const FunctionItem it = s.editor.item(ref.function, ref.item);
-        const std::string* held = s.editor.stored(ref.function, it);
+        const FunctionItem it = s.item(ref.function, ref.item);
+        const std::optional<std::string> held = s.storedValue(ref.function, it);
         int choice = 0;
         long value = 0;
         if (it.kind() == 'A') {
-            const auto now = hexNumber(held != nullptr ? *held : std::string());
+            const auto now = hexNumber(held.value_or(std::string()));
             value = analogValue(it, now ? static_cast<long>(*now) : it.range().min, w);
         } else if (it.kind() == 'M' || it.kind() == 'S' || it.kind() == 'T') {
             choice = namedValue(it, w.take("value"));
@@ -103,14 +104,8 @@ void addFunctionCommands(CommandSet& commands) {
             throw CommandError(quoted(it.name()) + " has nothing to set");
         }
         w.end();
-        Form2& form = s.form2;
-        c->gesture([&form, ref, choice, value] {
-            form.List1.setListIndex(ref.function - 1);
-            form.List2.setListIndex(ref.item - 1);
-            if (choice > 0) form.List3.setListIndex(choice - 1);
-            else form.HScroll1.setValue(static_cast<int>(value));
-        });
-        return std::string();
+        if (choice > 0) return c->perform(a.chooseFunctionValue(ref.function, ref.item, choice));
+        return c->perform(a.setFunctionValue(ref.function, ref.item, value));
     }});
 
     // "get function TITLE ITEM"; "get function" and "get function item N" are the shown page.
@@ -119,19 +114,22 @@ void addFunctionCommands(CommandSet& commands) {
         w.take("function");
         const ItemRef ref = takeItem(s, w);
         w.end();
-        const FunctionItem it = s.editor.item(ref.function, ref.item);
-        const std::string* held = s.editor.stored(ref.function, it);
-        const std::string value = it.kind() == 'T' ? "(action)" : s.editor.valueText(it, held ? *held : std::string());
-        return "function " + quoted(s.form2.List1.list(ref.function - 1)) + " " + quoted(it.name()) + " " + value;
+        const FunctionItem it = s.item(ref.function, ref.item);
+        const std::string value = it.kind() == 'T' ? "(action)" : s.valueText(it, s.storedValue(ref.function, it).value_or(""));
+        const std::string title = s.functionTitles().at(static_cast<std::size_t>(ref.function - 1));
+        return "function " + quoted(title) + " " + quoted(it.name()) + " " + value;
     });
 
-    commands.watch([](const Station& station, StateList& out) {
-        const Form2& form = station.form2;
-        const int shown = form.List1.listIndex();
-        out.push_back({"function", shown >= 0 && shown < form.List1.listCount() ? form.List1.list(shown) : "none"});
-        out.push_back({"function items", std::to_string(form.List2.listCount())});
-        for (int i = 0; i < form.List2.listCount(); ++i)
-            out.push_back({"function item " + std::to_string(i + 1), form.List2.list(i)});
+    commands.watch([](const StationReadout& station, StateList& out) {
+        const std::vector<std::string> titles = station.functionTitles();
+        const int shown = station.shownFunction();
+        out.push_back({"function", shown >= 0 && shown < static_cast<int>(titles.size())
+                                       ? titles[static_cast<std::size_t>(shown)]
+                                       : "none"});
+        const std::vector<std::string> items = station.shownItems();
+        out.push_back({"function items", std::to_string(items.size())});
+        for (std::size_t i = 0; i < items.size(); ++i)
+            out.push_back({"function item " + std::to_string(i + 1), items[i]});
     });
 }
 

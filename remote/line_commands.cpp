@@ -19,22 +19,22 @@ std::string answerWords(Answer state) {
 }  // namespace
 
 void addLineState(CommandSet& commands) {
-    commands.watch([](const Station& s, StateList& out) {
-        out.push_back({"line", s.line.stateText()});
-        out.push_back({"line port", s.line.deviceText()});
+    commands.watch([](const StationReadout& s, StateList& out) {
+        out.push_back({"line", s.lineState()});
+        out.push_back({"line port", s.lineDevice()});
         // "quiet" comes with time alone: the watch looks at the clock each time it is asked.
-        const auto now = s.line.now();
+        const auto now = s.now();
         for (int camera = 1; camera <= 8; ++camera)
-            out.push_back({"answer " + std::to_string(camera), answerWords(s.line.answers.state(camera, now))});
+            out.push_back({"answer " + std::to_string(camera), answerWords(s.answer(camera, now))});
     });
 
-    commands.addGet("answers", [&s = commands.station()](Words& w) -> std::optional<std::string> {
+    commands.addGet("answers", [&s = commands.readout()](Words& w) -> std::optional<std::string> {
         w.take("answers");
         w.end();
-        const auto now = s.line.now();
+        const auto now = s.now();
         std::string all = "answers";
         for (int camera = 1; camera <= 8; ++camera)
-            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + answerWords(s.line.answers.state(camera, now));
+            all += (camera == 1 ? " " : "; ") + std::to_string(camera) + " " + answerWords(s.answer(camera, now));
         return all;
     });
 }

@@ -105,8 +105,8 @@ OscCommand decodeOsc(const std::uint8_t* data, std::size_t size) {
         line += *w;
     }
     while (!line.empty() && line.back() == ' ') line.pop_back();
-    out.line = line;
-    if (out.line.empty()) out.error = "empty address";
+    out.text = line;
+    if (out.text.empty()) out.error = "empty address";
     return out;
 }
 

@@ -23,7 +23,7 @@ using Packet = std::vector<std::uint8_t>;
 
 struct OscCommand {
     std::string address;  // e.g. "/level/iris"
-    std::string line;     // the command's text, or empty when `error` says why there is none
+    std::string text;     // the command's text, or empty when `error` says why there is none
     std::string error;
 };
 

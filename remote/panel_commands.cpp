@@ -1,29 +1,24 @@
-// The main panel's remote commands. Each does what the matching gesture on the main window
-// does, on the same control, and refuses what the window would not let the operator do (a
-// disabled group, a value the control does not have).
+// The main panel's remote commands. Each reads its words and carries out the named action
+// of the matching gesture on the main window; the action refuses what the window would not
+// let the operator do (a greyed control), the words refuse a value the control does not have.
 #include <algorithm>
 
 #include "remote/command_set.hpp"
-#include "remote/panel_controls.hpp"
 
 namespace station::remote {
 
 namespace {
 
-void require(bool enabled, const std::string& what) {
-    if (!enabled) throw CommandError(what + " is not available for this camera now");
-}
-
 // A button of a group, by index or by its caption ("ATW", "high").
-int buttonOf(const OptionGroup& group, const std::string& word, const std::string& what) {
+int buttonOf(const StationReadout::Buttons& group, const std::string& word, const std::string& what) {
     if (const auto n = wholeNumber(word)) {
-        if (*n < group.lo() || *n > group.hi())
-            throw CommandError(what + " must be from " + std::to_string(group.lo()) + " to " +
-                               std::to_string(group.hi()) + ", not " + word);
+        if (*n < group.lo || *n > group.hi)
+            throw CommandError(what + " must be from " + std::to_string(group.lo) + " to " + std::to_string(group.hi) +
+                               ", not " + word);
         return static_cast<int>(*n);
     }
-    for (int i = group.lo(); i <= group.hi(); ++i)
-        if (lower(group[i].Caption) == lower(word)) return i;
+    for (int i = group.lo; i <= group.hi; ++i)
+        if (lower(group.caption(i)) == lower(word)) return i;
     throw CommandError(what + " has no button \"" + word + "\"");
 }
 
@@ -52,57 +47,37 @@ std::string choice(Words& w, const std::string& what, std::initializer_list<cons
 
 void addPanelCommands(CommandSet& commands) {
     CommandSet* c = &commands;
-    Station& s = commands.station();
-    Form1& form = s.form1;
+    Actions& a = commands.actions();
+    const StationReadout& view = a.readout();
 
-    commands.add({"camera", "camera N|group", true, [c, &form](Words& w) {
+    commands.add({"camera", "camera N|group", true, [c, &a, &view](Words& w) {
         const std::string word = w.take("camera");
-        const int camera = lower(word) == "group" ? 0 : buttonOf(form.Option9, word, "camera");
+        const int camera = lower(word) == "group" ? 0 : buttonOf(view.cameraButtons(), word, "camera");
         w.end();
-        require(form.cameraSelect.Enabled && form.Option9.Enabled, "camera selection");
-        // A ticked COPY would turn the press into a copy onto that camera.
-        if (form.CamCopy.value() == 1) throw CommandError("COPY is ticked on the panel");
-        c->gesture([&form, camera] { form.Option9.click(camera); });
-        return std::string();
+        return c->perform(a.selectCamera(camera));
     }});
 
-    commands.add({"scene", "scene recall N | scene store N | scene clear", true, [c, &s, &form](Words& w) {
+    commands.add({"scene", "scene recall N | scene store N | scene clear", true, [c, &a](Words& w) {
         const std::string what = choice(w, "scene action", {"recall", "store", "clear"});
         if (what == "clear") {
             w.end();
-            c->gesture([&s] { s.scenes.Command2_Click(); });
-            return std::string();
+            return c->perform(a.clearScene());
         }
         const int scene = static_cast<int>(w.number("scene", 1, 4));
         w.end();
-        require(form.Option7.Enabled, "scene selection");
-        if (what == "recall") {
-            // With STORE ticked the press would store instead.
-            if (form.ScnStore.value() == 1) throw CommandError("STORE is ticked on the panel");
-            c->gesture([&form, scene] { form.Option7.click(scene); });
-        } else {
-            c->gesture([&form, scene] {
-                form.ScnStore.setValue(1);
-                form.Option7.click(scene);
-            });
-        }
-        return std::string();
+        return c->perform(what == "recall" ? a.recallScene(scene) : a.storeScene(scene));
     }});
 
     commands.add({"mode", "mode bar|detail|shutter|gain|white|iris|monitor INDEX|CAPTION", true,
-                  [c, &form](Words& w) {
+                  [c, &a, &view](Words& w) {
         const ModeControl& mode = named(kModes, w.take("mode name"), "mode");
-        OptionGroup& group = form.*mode.group;
-        const int index = buttonOf(group, w.take("button"), std::string("mode ") + mode.name);
+        const int index = buttonOf(view.modeButtons(mode.mode), w.take("button"), std::string("mode ") + mode.name);
         w.end();
-        require(group.Enabled && (mode.group != &Form1::OptMonsel || form.Frame12.Enabled),
-                std::string("mode ") + mode.name);
-        c->gesture([&group, index] { group.click(index); });
-        return std::string();
+        return c->perform(a.setMode(mode.mode, index));
     }});
 
     commands.add({"gain", "gain low|mid|high|super|INDEX (the gain step) | gain value low|mid|high up|down [N]", true,
-                  [c, &s, &form](Words& w) {
+                  [c, &a, &view](Words& w) {
         if (lower(w.peek()) == "value") {
             w.take("value");
             const std::string step = choice(w, "gain step", {"low", "mid", "high"});
@@ -110,102 +85,66 @@ void addPanelCommands(CommandSet& commands) {
             const bool up = choice(w, "direction", {"up", "down"}) == "up";
             const int presses = w.done() ? 1 : static_cast<int>(w.number("presses", 1, 64));
             w.end();
-            // The window offers the spin buttons only for a step the gain type can trim.
-            require(s.panel.gainStepRange(index).offered(), "gain value " + step);
-            c->gesture([&s, index, up, presses] {
-                for (int i = 0; i < presses; ++i) up ? s.panel.SpinButton1_SpinUp(index) : s.panel.SpinButton1_SpinDown(index);
-            });
-            return std::string();
+            return c->perform(a.stepGain(index, up, presses));
         }
-        const int index = buttonOf(form.OptGain, w.take("gain step"), "gain step");
+        const int index = buttonOf(view.modeButtons(Mode::Gain), w.take("gain step"), "gain step");
         w.end();
-        require(form.OptGain.Enabled, "gain step");
-        c->gesture([&form, index] { form.OptGain.click(index); });
-        return std::string();
+        return c->perform(a.chooseGainStep(index));
     }});
 
     commands.add({"level", "level mblk|iris|detail|rgain|bgain|rblk|bblk VALUE | level NAME step N", true,
-                  [c](Words& w) {
+                  [c, &a, &view](Words& w) {
         const LevelControl& level = named(kLevels, w.take("level name"), "level");
-        ScrollBar& bar = c->station().form1.*level.bar;
-        const long lo = std::min(bar.Min, bar.Max);
-        const long hi = std::max(bar.Min, bar.Max);
+        const StationReadout::Range bar = view.levelRange(level.level);
         long target = 0;
         if (lower(w.peek()) == "step") {
             w.take("step");
             // A surface's encoder steps past the ends without complaint: the bar stops there.
-            target = std::clamp(bar.value() + w.number("step", -32768, 32767), lo, hi);
+            target = std::clamp(bar.value + w.number("step", -32768, 32767), bar.lo, bar.hi);
         } else {
-            target = w.number("level", lo, hi);
+            target = w.number("level", bar.lo, bar.hi);
         }
         w.end();
-        require(bar.Enabled, std::string("level ") + level.name);
-        const int v = static_cast<int>(target);
-        c->gesture([&bar, v] { bar.setValue(v); });
-        return std::string();
+        return c->perform(a.setLevel(level.level, static_cast<int>(target)));
     }});
 
-    commands.add({"filter", "filter up|down", true, [c, &s, &form](Words& w) {
+    commands.add({"filter", "filter up|down", true, [c, &a](Words& w) {
         const std::string way = choice(w, "direction", {"up", "down"});
         w.end();
-        require(form.Frame17.Enabled, "the filter");
-        if (way == "up") c->gesture([&s] { s.panel.SpinButton2_SpinUp(); });
-        else c->gesture([&s] { s.panel.SpinButton2_SpinDown(); });
-        return std::string();
+        return c->perform(a.stepFilter(way == "up"));
     }});
 
-    commands.add({"call", "call on|off", true, [c, &s, &form](Words& w) {
+    commands.add({"call", "call on|off", true, [c, &a](Words& w) {
         const std::string state = choice(w, "call state", {"on", "off"});
         w.end();
-        require(form.Frame19.Enabled && form.Command9.Enabled, "the call button");
-        if (state == "on") c->gesture([&s] { s.panel.Command9_MouseDown(); });
-        else c->gesture([&s] { s.panel.Command9_MouseUp(); });
-        return std::string();
+        return c->perform(a.call(state == "on"));
     }});
 
-    commands.add({"auto", "auto white|black", true, [c, &s, &form](Words& w) {
+    commands.add({"auto", "auto white|black", true, [c, &a](Words& w) {
         const std::string which = choice(w, "auto set-up", {"white", "black"});
         w.end();
-        const bool white = which == "white";
-        require(form.Frame15.Enabled && (white ? form.Command8.Enabled : form.Command7.Enabled), "auto " + which);
-        if (white) c->gesture([&s] { s.autoSetup.Command8_Click(); });
-        else c->gesture([&s] { s.autoSetup.Command7_Click(); });
-        return std::string();
+        return c->perform(a.startAuto(which == "white"));
     }});
 
-    commands.add({"page", "page read|send|function", true, [c, &s, &form](Words& w) {
+    commands.add({"page", "page read|send|function", true, [c, &a](Words& w) {
         const std::string what = choice(w, "page action", {"read", "send", "function"});
         w.end();
-        if (what == "read") {
-            require(form.Command12.Enabled, "page read");
-            // The whole page goes into the queue at once; it must fit.
-            const int needed = static_cast<int>(s.pages.readRequests().size());
-            const int room = SendQueue::kCapacity - s.link.queue().SendCnt();
-            if (needed > room)
-                throw CommandError("page read needs " + std::to_string(needed) + " frames, the queue has room for " +
-                                   std::to_string(room));
-            c->gesture([&s] { s.pages.Command12_Click(); });
-        } else if (what == "send") {
-            require(form.Command13.Enabled, "page send");
-            c->gesture([&s] { s.pages.Command13_Click(); });
-        } else {
-            require(form.Command3.Enabled, "1Page to CAM");
-            c->gesture([&s] { s.pages.Command3_Click(); });
-        }
-        return std::string();
+        if (what == "read") return c->perform(a.readPage());
+        if (what == "send") return c->perform(a.sendPage());
+        return c->perform(a.sendOnePage());
     }});
 
     commands.add({"get", "get [NAME...] (all when no name: camera, scene, mode NAME, level NAME, gain STEP, "
                          "filter, tally, call, auto, auto window, line, line port, answer N, function, "
                          "function item N, type, id, queue, file) | get answers | get function TITLE ITEM",
-                  false, [c, &s](Words& w) {
+                  false, [c, &view](Words& w) {
         if (auto added = c->getAdded(w)) return *added;
         StateList items = c->state();
-        const int camera = s.shared.CamNo;
-        items.push_back({"type", s.shared.cams.CamType(camera)});
-        items.push_back({"id", s.shared.cams.CamID(camera)});
-        items.push_back({"queue", std::to_string(s.link.queue().SendCnt())});
-        items.push_back({"file", s.setupFile.FileName});
+        const int camera = view.selectedCamera();
+        items.push_back({"type", view.cameraType(camera)});
+        items.push_back({"id", view.cameraId(camera)});
+        items.push_back({"queue", std::to_string(view.queued())});
+        items.push_back({"file", view.fileName()});
         std::string key;
         while (!w.done()) key += (key.empty() ? "" : " ") + lower(w.take("name"));
         if (key.empty()) {

@@ -1,26 +1,23 @@
 #include "remote/station_state.hpp"
 
-#include "remote/panel_controls.hpp"
-
 namespace station::remote {
 
-void addPanelState(const Station& station, StateList& out) {
-    const Form1& form = station.form1;
-    out.push_back({"camera", decText(station.shared.CamNo)});
-    out.push_back({"scene", decText(form.Option7.selected())});
-    for (const ModeControl& m : kModes) out.push_back({std::string("mode ") + m.name, decText((form.*m.group).selected())});
-    for (const LevelControl& l : kLevels) out.push_back({std::string("level ") + l.name, (form.*l.number).Caption});
-    for (int i = 0; i < 3; ++i) out.push_back({std::string("gain ") + kGainSteps[static_cast<std::size_t>(i)], form.Label1(i).Caption});
-    out.push_back({"filter", form.Label16.Caption});
-    out.push_back({"tally", form.Label15.BackColor == kColourRed ? "on" : "off"});
-    out.push_back({"call", form.CallOn != 0 ? "on" : "off"});
-    const Form6& message = station.form6;
+void addPanelState(const StationReadout& station, StateList& out) {
+    out.push_back({"camera", decText(station.selectedCamera())});
+    out.push_back({"scene", decText(station.selectedScene())});
+    for (const ModeControl& m : kModes) out.push_back({std::string("mode ") + m.name, decText(station.selectedMode(m.mode))});
+    for (const LevelControl& l : kLevels) out.push_back({std::string("level ") + l.name, station.levelText(l.level)});
+    for (int i = 0; i < 3; ++i) out.push_back({std::string("gain ") + kGainSteps[static_cast<std::size_t>(i)], station.gainStepText(i)});
+    out.push_back({"filter", station.filterText()});
+    out.push_back({"tally", station.tally() ? "on" : "off"});
+    out.push_back({"call", station.callHeld() ? "on" : "off"});
     // The result stays readable after the message has hidden itself; whether it is up is told apart.
-    out.push_back({"auto", message.Label1.Caption.empty() ? "none" : message.Label1.Caption + ": " + message.Label2.Caption});
-    out.push_back({"auto window", message.form.Visible ? "on" : "off"});
+    const std::string operation = station.autoOperation();
+    out.push_back({"auto", operation.empty() ? "none" : operation + ": " + station.autoResult()});
+    out.push_back({"auto window", station.autoShown() ? "on" : "off"});
 }
 
-StateWatch::StateWatch(const Station& station) : station_(station) { addSource(addPanelState); }
+StateWatch::StateWatch(const StationReadout& station) : station_(station) { addSource(addPanelState); }
 
 void StateWatch::addSource(Source source) { sources_.push_back(std::move(source)); }
 

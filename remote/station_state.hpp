@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "app/station.hpp"
+#include "app/station_readout.hpp"
 
 namespace station::remote {
 
@@ -21,15 +21,15 @@ struct StateItem {
 using StateList = std::vector<StateItem>;
 
 // Adds the selected camera's panel and the auto message to `out`.
-void addPanelState(const Station& station, StateList& out);
+void addPanelState(const StationReadout& station, StateList& out);
 
 class StateWatch {
 public:
     // A source adds its items to the list; more sources (the line's state, per-camera
     // answers) plug in beside the panel's.
-    using Source = std::function<void(const Station&, StateList&)>;
+    using Source = std::function<void(const StationReadout&, StateList&)>;
 
-    explicit StateWatch(const Station& station);
+    explicit StateWatch(const StationReadout& station);
     void addSource(Source source);
 
     StateList current() const;
@@ -37,7 +37,7 @@ public:
     StateList changes();
 
 private:
-    const Station& station_;
+    const StationReadout& station_;
     std::vector<Source> sources_;
     StateList last_;
 };

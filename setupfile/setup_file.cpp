@@ -98,14 +98,19 @@ void SetupFile::CsdOpen() {
 }
 
 bool SetupFile::CsdLoad() {
+    // What an interrupted save of this file left beside it goes, whether or not the file
+    // was used before.
+    removeStaleSaving(writer_, FileName);
     const auto text = readTextFile(FileName);
     if (!text) return false;
     try {
         loadText(*text);
-    } catch (const RuntimeError&) {
-        // What was read stays; the rest of the file is not read.
+    } catch (const RuntimeError& e) {
+        // What was read stays; the rest of the file is not read. No box: a word in passing.
+        tellLoad(&e);
         return true;
     }
+    tellLoad(nullptr);
     if (FileUsed) FileUsed(FileName);
     return true;
 }

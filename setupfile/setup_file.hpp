@@ -11,6 +11,7 @@
 #include "camtype/setting_stores.hpp"
 #include "common/controls.hpp"
 #include "common/messages.hpp"
+#include "common/runtime_error.hpp"
 #include "common/shared.hpp"
 #include "setupfile/file_dialogs.hpp"
 #include "setupfile/file_writer.hpp"
@@ -36,7 +37,8 @@ public:
     // Raised with FileName after it was read or written whole (the desktop program keeps a
     // list of recent files).
     std::function<void(const std::string&)> FileUsed;
-    // A word to the operator that needs no answer (where the previous version was kept).
+    // A word to the operator that needs no answer: where the previous version was kept; what
+    // a load left out (lines not understood, a load stopped by the runtime's error).
     std::function<void(const std::string&)> Notify;
 
     // Makes `name` the current file, as a dialog's choice would, without reading it.
@@ -83,12 +85,25 @@ public:
     void CsdSave_Mon(ListBox& list) const;
 
 private:
+    // Where the load is, and the lines it leaves out, for the words after it.
+    struct LoadTrace {
+        long line = 0;  // the line being read, from 1
+        long row = 0;   // the function row it fills, 0 for none
+        long ignored = 0;
+        long firstIgnored = 0;
+        std::string firstText;
+        void leftOut(std::string_view text);
+    };
+    static bool knownSection(std::string_view section);
+    void tellLoad(const RuntimeError* stop) const;
+
     Shared& shared_;
     SettingStores& stores_;
     CameraTypes& types_;
     MessageSink& messages_;
     FileDialogs& dialogs_;
     FileWriter& writer_;
+    LoadTrace trace_;
     std::string settingsNow() const;
     std::string savedSettings_;
 };

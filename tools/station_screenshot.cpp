@@ -7,6 +7,7 @@
 
 #include <iostream>
 
+#include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
@@ -25,13 +26,6 @@ using namespace station;
 class PrintedMessages : public MessageSink {
 public:
     void show(const std::string& text, Icon) override { std::cerr << "station-screenshot: message: " << text << "\n"; }
-};
-
-class NoDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
 };
 
 }  // namespace
@@ -53,7 +47,7 @@ int main(int argc, char** argv) {
     ui::BuiltinLine line(*samples / "studio.csd");
     PrintedMessages messages;
     NoDialogs plain;
-    ui::PresetOpenDialogs dialogs(plain);
+    PresetDialogs dialogs(plain);
     DiskWriter writer;
     ui::ModalPause modal;
     Station station({line.port(), messages, dialogs, writer, *samples});

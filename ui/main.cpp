@@ -14,6 +14,7 @@
 #include "app/station.hpp"
 #include "camtype/definition_folder.hpp"
 #include "common/runtime_error.hpp"
+#include "common/version.hpp"
 #include "line/chosen_port.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
@@ -60,7 +61,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
     QApplication::setApplicationName(QStringLiteral("corvane-station"));
     QApplication::setOrganizationName(QStringLiteral("corvane-station"));
-    QApplication::setApplicationVersion(QStringLiteral(STATION_VERSION));
+    QApplication::setApplicationVersion(QString::fromUtf8(kStationVersion.data(), static_cast<qsizetype>(kStationVersion.size())));
     QApplication::setStyle(QStringLiteral("Fusion"));
 
     const std::filesystem::path programFolder = QCoreApplication::applicationDirPath().toStdString();
@@ -76,8 +77,8 @@ int main(int argc, char** argv) {
     ModalPause modal;
     QtMessages messages(modal);
     QtFileDialogs qtDialogs(modal);
-    PresetOpenDialogs dialogs(qtDialogs);
-    remote::PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
+    PresetDialogs dialogs(qtDialogs);
+    PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
     // Port 1 is whatever the operator chooses: a serial device, or the built-in line of
@@ -141,7 +142,7 @@ int main(int argc, char** argv) {
     try {
         station.Form_Load();
     } catch (const RuntimeError& e) {
-        return startFailed("Run-time error " + std::to_string(e.number()) + ": " + e.what());
+        return startFailed(runtimeErrorText(e));
     }
     std::cerr << "corvane-station: " << station.types.TypeFile(0) << " camera types from " << definitions.string()
               << "\n";

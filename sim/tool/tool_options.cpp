@@ -4,6 +4,9 @@
 #include <fstream>
 #include <stdexcept>
 
+#include "common/option_errors.hpp"
+#include "common/version.hpp"
+
 namespace station::sim {
 
 namespace {
@@ -13,8 +16,8 @@ long wholeNumber(const std::string& option, const std::string& text, long min, l
     const char* end = text.data() + text.size();
     const auto [ptr, ec] = std::from_chars(text.data(), end, v);
     if (text.empty() || ec != std::errc() || ptr != end || v < min || v > max)
-        throw std::invalid_argument(option + ": expected a number from " + std::to_string(min) + " to " +
-                                    std::to_string(max));
+        throw std::invalid_argument(
+            options::badValue(option, "expected a number from " + std::to_string(min) + " to " + std::to_string(max)));
     return v;
 }
 
@@ -32,11 +35,11 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         }
         auto value = [&]() -> std::string {
             if (inlineValue) return *inlineValue;
-            if (i + 1 >= args.size()) throw std::invalid_argument(name + ": missing value");
+            if (i + 1 >= args.size()) throw std::invalid_argument(options::needsValue(name));
             return args[++i];
         };
         auto flag = [&] {
-            if (inlineValue) throw std::invalid_argument(name + " takes no value");
+            if (inlineValue) throw std::invalid_argument(options::takesNoValue(name));
         };
 
         if (name == "--help" || name == "-h") {
@@ -51,7 +54,7 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         } else if (name == "--setup") {
             const std::string path = value();
             std::ifstream in(path, std::ios::binary);
-            if (!in) throw std::invalid_argument("--setup " + path + ": cannot read the file");
+            if (!in) throw std::invalid_argument(options::cannotRead("--setup", path));
             readSetupData(in, out.line);
             described = true;
         } else if (name == "--fault") {
@@ -61,20 +64,20 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
             out.line.idMode = true;
         } else if (name == "--speed") {
             const std::string v = value();
-            if (v != "9600" && v != "19200") throw std::invalid_argument("--speed: 9600 or 19200");
+            if (v != "9600" && v != "19200") throw std::invalid_argument(options::badValue("--speed", "9600 or 19200"));
             out.line.speed = std::stoi(v);
         } else if (name == "--auto-delay") {
             out.line.autoDelay = Micros{wholeNumber(name, value(), 0, 600'000) * 1000};
         } else if (name == "--link") {
             out.linkPath = value();
-            if (out.linkPath.empty()) throw std::invalid_argument("--link: empty path");
+            if (out.linkPath.empty()) throw std::invalid_argument(options::needsValue("--link", "a path"));
         } else if (name == "--trace") {
             flag();
             out.trace = true;
         } else if (name == "--exit-after") {
             out.exitAfter = static_cast<double>(wholeNumber(name, value(), 1, 86'400));
         } else {
-            throw std::invalid_argument(args[i] + ": unknown option");
+            throw std::invalid_argument(options::unknownOption(args[i]));
         }
     }
     if (out.help || out.version) return out;
@@ -138,6 +141,6 @@ std::string toolHelp() {
            "  --help                show this text\n";
 }
 
-std::string toolVersion() { return std::string("camera-sim ") + STATION_VERSION + "\n"; }
+std::string toolVersion() { return "camera-sim " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::sim

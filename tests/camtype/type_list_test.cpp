@@ -36,6 +36,47 @@ TEST(TypeList, NameOrder) {
     EXPECT_EQ(rig.List1.items(), (std::vector<std::string>{"delete", "A11", "B22", ""}));
 }
 
+// The list reads a file's "[camera type]" head and skips what follows unread, up to a later
+// "[camera type]" section: it finds what a line-by-line reading of the whole file finds.
+TEST(TypeList, HeadAndLaterSections) {
+    const std::string head = "[camera type]\r\nCODE=AB1\r\nNOTE=head\r\n";
+    const struct {
+        std::string text;
+        const char* found;  // code|note
+    } cases[] = {
+        {head + "[function menu]\r\nF=x\r\nCODE=ZZZ\r\n", "AB1|head"},
+        {head + "[function menu]\r\nNOTE=see [camera type]\r\nCODE=ZZZ", "AB1|head"},
+        {head + "[function menu]\r\n[camera type] again\r\nCODE=CD2\r\n[variable shutter]\r\n1=0", "CD2|head"},
+        {head + "[camera type\r\nCODE=ZZZ", "AB1|head"},
+        {"[form control]\rGAIN=1\n[camera type]\rCODE=FF6\nNOTE=lone ends", "FF6|lone ends"},
+        {"[form control]\r\n[camera type]\r\nCODE=GG7", "GG7|"},
+        {"\xEF\xBB\xBF[camera type]\r\nCODE=HH8", "HH8|"},
+        {"[form control]\r\nCODE=ZZZ\r\n", "|"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.text);
+        TypeRig rig;
+        rig.types.readTypeEntry(1, c.text);
+        EXPECT_EQ(rig.tables.TypeCode(1) + "|" + rig.tables.TypeNote(1), c.found);
+    }
+}
+
+// Files beyond the 64th are left out of the list as before, with a word that says which.
+TEST(TypeList, Beyond64Told) {
+    TypeRig rig;
+    std::vector<std::string> told;
+    rig.types.Notify = [&told](const std::string& text) { told.push_back(text); };
+    for (int n = 1; n <= 64; ++n) rig.folder.write("t" + std::to_string(100 + n) + ".fcl", typeFile("T" + std::to_string(n)));
+    rig.list();
+    EXPECT_TRUE(told.empty());
+    for (int n = 65; n <= 67; ++n) rig.folder.write("t" + std::to_string(100 + n) + ".fcl", typeFile("T" + std::to_string(n)));
+    rig.list();
+    EXPECT_EQ(rig.tables.TypeFile(0) + " " + rig.tables.TypeFile(64), "64 t164.fcl");
+    EXPECT_EQ(told, std::vector<std::string>{rig.folder.path().string() + ": 67 definition files; only the first 64 "
+                                             "are listed, t165.fcl and the 2 after it are left out"});
+    EXPECT_TRUE(rig.messages.shown.empty());
+}
+
 struct SlotRig : TypeRig {
     SlotRig() {
         folder.write("1x.fcl", typeFile("XXX"));

@@ -2,8 +2,11 @@
 // is kept, and where a camera's function reply is stored and how it reads.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "funcedit/function_items.hpp"
 #include "tests/app/station_rig.hpp"
+#include "tests/support/temp_folder.hpp"
 
 namespace station {
 namespace {
@@ -93,6 +96,94 @@ TEST(FuncEdit, StepGrid) {
               (std::vector<long>{0x14, 0x14, 0x3C, 0x10, 0x3C}));
     const auto wide = range("4", "", "", "");
     EXPECT_EQ((std::vector<long>{wide.digits, wide.min, wide.max, wide.step}), (std::vector<long>{4, 0, 0xFFFF, 1}));
+}
+
+TEST(FuncEdit, ValueInItsForm) {
+    TypeTables t;
+    auto item = [&](const char* kind, std::vector<std::pair<const char*, const char*>> values) {
+        t.ItemList(1, 1, 1) = kind;
+        int k = 0;
+        for (const auto& [name, code] : values) {
+            ++k;
+            t.ModeList(1, 1, 1, k, 0) = name;
+            t.ModeList(1, 1, 1, k, 1) = code;
+        }
+        t.ModeList(1, 1, 1, 0, 0) = std::to_string(k);
+        return FunctionItem(t, 1, 1, 1);
+    };
+    struct Case {
+        const char* stored;
+        const char* shown;
+        bool clamped;
+    };
+    const auto check = [](const FunctionItem& it, std::initializer_list<Case> cases) {
+        for (const Case& c : cases) {
+            SCOPED_TRACE(c.stored);
+            const FunctionItem::Value v = it.valueOf(c.stored);
+            EXPECT_EQ(v.text, c.shown);
+            EXPECT_EQ(v.clamped, c.clamped);
+        }
+    };
+    // Analog rows: SIZE, MIN, MAX, STEP in the first four value cells.
+    check(item("A", {{"SIZE", "2"}, {"MIN", "10"}, {"MAX", "C0"}, {"STEP", "01"}}),
+          {{"7", "10", true}, {"1a", "1A", false}, {"0C0", "C0", false}, {"1A0", "C0", true}, {"7g", "", false},
+           {"", "", false}});
+    check(item("A", {{"SIZE", "4"}, {"MIN", "0000"}, {"MAX", "0200"}, {"STEP", "01"}}),
+          {{"1A0", "01A0", false}, {"1", "0001", false}, {"FFFFFFFF", "0200", true}});
+    check(item("M", {{"OFF", "00"}, {"ON", "01"}}), {{"1", "01", false}, {"0a", "0A", false}, {"1FC", "", false}});
+    // A shutter item: two-digit speeds, then (for want of a shutter table here) none of its steps.
+    check(item("S", {{"1/100", "01"}, {"1/250", "02"}}),
+          {{"2", "02", false}, {"18", "18", false}, {"018", "0018", false}, {"10000", "", false}});
+}
+
+// A hand-edited file holds values in other forms: the editor shows and sends what they denote,
+// in each item's form and range, tells about a value it had to bring into range, and a save
+// writes the file's own texts back until the operator changes an item.
+TEST(FuncEdit, HandWrittenValuesGoOutAsShown) {
+    std::string text = testing::readBytes(testing::kStudio);
+    for (const auto& [from, to] : {std::pair{"2040FC=02,", "2040FC=2,"}, {"3050=2A,", "3050=a,"},
+                                   {"2040F3=08,", "2040F3=8,"}, {"3051=55,", "3051=20,"}, {"3052=15,", "3052=015,"}}) {
+        const auto at = text.find(from);
+        ASSERT_NE(at, std::string::npos) << from;
+        text.replace(at, std::string(from).size(), to);
+    }
+    testing::TempFolder folder;
+    StationRig rig;
+    rig.open(folder.write("hand.csd", text));
+    rig.takeQueued();
+    Station& s = rig.station;
+    s.form1.Option9.click(1);
+    s.form2.List1.setListIndex(Studio::indexOf(s.form2.List1, "Gamma"));
+    EXPECT_EQ(s.form2.List2.list(0), "Gamma Mode: CINE");
+    EXPECT_EQ(s.form2.List2.list(1), "Gamma Level: 0A");
+    EXPECT_EQ(s.form2.List2.list(2), "Black Gamma: HIGH");
+    s.form2.List2.setListIndex(1);
+    EXPECT_EQ(s.form2.HScroll1.value(), 0x0A);
+    s.pages.Command3_Click();  // "1Page to CAM"
+    EXPECT_EQ(rig.takeQueued(), (Commands{"204002FC", "30500A00", "204008F3"}));
+
+    s.form2.List1.setListIndex(Studio::indexOf(s.form2.List1, "Knee"));
+    EXPECT_EQ(s.form2.List2.list(2), "Knee Point: 40");
+    EXPECT_EQ(s.form2.List2.list(3), "Knee Slope: 15");
+    const std::string told = "Knee, Knee Point: the stored value 20 is outside 40 to C0; 40 is shown and sent";
+    EXPECT_EQ(s.notice.last(), told);
+    EXPECT_EQ(rig.logged().front(), told);
+    s.pages.Command3_Click();
+    s.pages.Command3_Click();  // told once
+    EXPECT_EQ(rig.takeQueued(), (Commands{"204100FE", "204100FD", "30514000", "30521500", "204100FE", "204100FD",
+                                          "30514000", "30521500"}));
+    const std::vector<std::string> logged = rig.logged();
+    EXPECT_EQ(std::count(logged.begin(), logged.end(), told), 1);
+
+    // Saved as the file had it; an item the operator changes holds its new value in its form.
+    s.form2.List2.setListIndex(3);
+    s.form2.HScroll1.setValue(0x16);
+    EXPECT_EQ(*s.editor.storedValue("FS", "3052"), "16");
+    s.setupFile.FileName = (folder / "saved.csd").string();
+    s.SAVE_Click();
+    const std::string saved = testing::readBytes(folder / "saved.csd");
+    for (const char* kept : {"\r\n2040FC=2,", "\r\n3050=a,", "\r\n2040F3=8,", "\r\n3051=20,", "\r\n3052=015,"})
+        EXPECT_NE(saved.find(kept), std::string::npos) << kept;
 }
 
 struct Reply {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "remote/command_words.hpp"
 #include "tests/remote/remote_rig.hpp"
 
 namespace station {
@@ -240,6 +241,40 @@ TEST(Remote, FilesInAllowedFolder) {
     EXPECT_EQ(rig.commands.execute("get level mblk"), "OK level mblk 3");
     EXPECT_EQ(rig.commands.execute("open missing.csd").rfind("ERR no such file", 0), 0u);
     EXPECT_TRUE(rig.fake.calls.empty());  // no dialog was ever shown
+}
+
+// A save names a file, never what a link planted under its name or its backup's points to.
+TEST(Remote, SaveRefusesLinks) {
+    namespace fs = std::filesystem;
+    RemoteRig rig;
+    testing::TempFolder outside;
+    const auto victim = outside.write("victim.csd", "outside");
+    fs::create_symlink(victim, rig.folder / "linked.csd");
+    EXPECT_EQ(rig.commands.execute("save linked.csd"), "ERR linked.csd is a symbolic link: not saved");
+
+    EXPECT_EQ(rig.commands.execute("save show.csd"), "OK");
+
+    // The open file became a link since, even to a file inside: the station refuses and says why.
+    const auto other = rig.folder.write("other.csd", "other");
+    fs::remove(rig.folder / "show.csd");
+    fs::create_symlink(other, rig.folder / "show.csd");
+    EXPECT_EQ(rig.commands.execute("save").rfind("ERR the file was not saved", 0), 0u);
+    ASSERT_EQ(rig.messages.shown.size(), 1u);
+    EXPECT_NE(rig.messages.shown[0].text.find("show.csd is a symbolic link"), std::string::npos);
+    EXPECT_EQ(testing::readBytes(other), "other");
+    EXPECT_EQ(testing::readBytes(victim), "outside");
+}
+
+// Only well-formed UTF-8 is a text line: no surrogate halves, no overlong forms, nothing
+// above U+10FFFF, no sequence cut short.
+TEST(Remote, Utf8Lines) {
+    for (const char* good : {"\xC3\xA9", "\xED\x9F\xBF", "\xEE\x80\x80", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+                             "\xF4\x8F\xBF\xBF", "\xE0\xA0\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + good), std::nullopt) << good;
+    for (const char* bad : {"\xED\xA0\x80", "\xED\xBF\xBF", "\xE0\x80\xAF", "\xE0\x9F\xBF", "\xC0\xAF", "\xC1\xBF",
+                            "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
+                            "\xE2\x82", "\xC3(", "\x80"})
+        EXPECT_EQ(remote::lineProblem(std::string("open ") + bad), "not a text line (not UTF-8)") << bad;
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // A started station on a fake port with the sample studio opened, and the remote command
 // set on it. Time advances as in the station tests: 20 ms steps, each timer at its interval.
 
+#include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
@@ -37,7 +38,7 @@ struct RemoteRig {
     FakePort port;
     FakeMessages messages;
     FakeDialogs fake;
-    remote::PresetDialogs dialogs{fake};
+    PresetDialogs dialogs{fake};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {folder.path()}};

@@ -28,6 +28,7 @@ TEST(SetupLoad, FormatExample) {
     EXPECT_EQ(st.MainScnData(1, 1, 4) + st.MainScnData(1, 2, 1) + "|" + st.MainScnData(1, 3, 1) + st.MainScnData(1, 2, 0),
               "01|");
     EXPECT_EQ(st.FuncScnData(0, 0, 0) + st.FuncScnData(1, 0, 0) + st.FuncScnData(1, 1, 3), "16A01");
+    EXPECT_TRUE(rig.told.empty());
     EXPECT_EQ(st.FuncData(0, 0) + st.FuncData(1, 0) + st.FuncData(1, 2) + "|" + st.FuncData(1, 3), "17C01|");
     EXPECT_TRUE(rig.messages.shown.empty());
 }
@@ -51,6 +52,9 @@ TEST(SetupLoad, MalformedLineEndsLoad) {
     rig.load(crlf({"[function data]", "A=1", "orphan", "B=2", "[system]", "ACK Check=1"}));
     EXPECT_EQ(rig.shared.AckMode, 0);
     EXPECT_EQ(rig.stores.FuncData(0, 0) + rig.stores.FuncData(1, 0) + "|" + rig.stores.FuncData(2, 0), "2A|");
+    // Still silent where it stops, with a word in passing about where and why.
+    EXPECT_EQ(rig.told, std::vector<std::string>(2, "load.csd, line 3: the load stopped (Run-time error 5: Invalid "
+                                                    "procedure call or argument); the rest of the file is left out"));
 
     // A missing, unnamed or unreadable file changes nothing.
     rig.shared.AckMode = 1;
@@ -85,6 +89,21 @@ TEST(SetupLoad, Row301StopsLoad) {
     EXPECT_EQ(rig.shared.AckMode, 0);
     FScnItemSet(rig.stores, rig.messages, "R5");  // the store is still usable
     EXPECT_TRUE(rig.messages.shown.empty());
+    EXPECT_EQ(rig.told, std::vector<std::string>{"load.csd, line 302: more than 300 function rows; the load stopped "
+                                                 "there, and the rest of the file is left out"});
+}
+
+// Lines the load cannot place are left out as before, with one word for all of them.
+TEST(SetupLoad, NotUnderstoodTold) {
+    SetupRig rig;
+    rig.load(crlf({"stray", "[system]", "ACK Check=1", "Volume=11", "[main data] ", "mBar=1", "[camera type/ID]",
+                   "Camera 9=AB1|09", "[main data]", "mFOO=1", "", "[end]"}));
+    EXPECT_EQ(rig.shared.AckMode, 1);
+    EXPECT_EQ(rig.told, std::vector<std::string>{"load.csd, line 1: \"stray\" is not understood (nor 4 more lines); "
+                                                 "left out"});
+    rig.told.clear();
+    rig.load(crlf({"[system]", "Camera Select=1", "[function scene data]", "", "[end]"}));
+    EXPECT_TRUE(rig.told.empty());
 }
 
 

@@ -17,10 +17,11 @@ namespace station::testing {
 // so far stays in the file, as on a real full disk) or one step of the save fails.
 class FlakyWriter : public FileWriter {
 public:
-    enum class Step { None, Backup, Flush, Rename };
+    enum class Step { None, Backup, BackupRename, Write, Flush, Rename };
 
     void writeWhole(const std::filesystem::path& path, std::string_view bytes) override {
         written.push_back(path);
+        if (failAt == Step::Write) throw SaveError("Input/output error");
         if (diskFullAfter && *diskFullAfter < bytes.size()) {
             disk.writeWhole(path, bytes.substr(0, *diskFullAfter));
             throw SaveError("No space left on device");
@@ -33,13 +34,14 @@ public:
     }
     void copyWhole(const std::filesystem::path& from, const std::filesystem::path& to) override {
         if (failAt == Step::Backup) {
-            disk.writeWhole(to, "half");
+            disk.writeWhole(to, "");
             throw SaveError("No space left on device");
         }
         disk.copyWhole(from, to);
     }
     void replace(const std::filesystem::path& from, const std::filesystem::path& to) override {
-        if (failAt == Step::Rename) throw SaveError("Permission denied");
+        const bool backup = to.extension() == ".bak";
+        if (failAt == (backup ? Step::BackupRename : Step::Rename)) throw SaveError("Permission denied");
         disk.replace(from, to);
     }
     void flushFolder(const std::filesystem::path& folder) noexcept override { disk.flushFolder(folder); }
@@ -52,9 +54,13 @@ public:
 };
 
 struct SetupRig : TypeRig {
+    SetupRig() {
+        file.Notify = [this](const std::string& text) { told.push_back(text); };
+    }
     FakeDialogs dialogs;
     FlakyWriter writer;
     SetupFile file{shared, stores, types, messages, dialogs, writer};
+    std::vector<std::string> told;  // the notices, in order
 
     // Loads the text as the current setup data file.
     void load(const std::string& text) {

@@ -31,7 +31,7 @@ struct Rig {
     testing::FakePort port;
     testing::FakeMessages messages;
     NoDialogs none;
-    remote::PresetDialogs dialogs{none};
+    PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     RemoteSettings settings;

@@ -21,7 +21,7 @@ using namespace station::ui;
 
 namespace {
 
-std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromLatin1(name)).toStdString(); }
+std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromUtf8(name)).toStdString(); }
 
 }  // namespace
 
@@ -34,16 +34,16 @@ private slots:
         QTemporaryDir dir;
         QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
         RememberedSettings remembered(qs);
-        const std::string studio = inDir(dir, "studio.csd");
+        const std::string studio = inDir(dir, "sp\u00e9cial.csd");  // named as the file system spells it
         QVERIFY(QFile::copy(QStringLiteral(STATION_SAMPLES_DIR "/studio.csd"), QString::fromStdString(studio)));
         std::ofstream(studio + ".tmp") << "cut short";
-        remembered.fileUsed(inDir(dir, "gone.csd"));
+        remembered.fileUsed(inDir(dir, "g\u00f4ne.csd"));
         remembered.fileUsed(studio);
 
         testing::FakePort port;
         testing::FakeMessages messages;
         testing::FakeDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         ModalPause modal;
         Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
@@ -62,11 +62,11 @@ private slots:
             menu.actions()[0]->trigger();
             QCOMPARE(station.setupFile.FileName, studio);
             QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
-            QCOMPARE(view.mainWindow().windowTitle(), QStringLiteral("studio.csd - Camera Control"));
+            QCOMPARE(view.mainWindow().windowTitle(), QString::fromUtf8("sp\u00e9cial.csd - Camera Control"));
 
             menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
             QCOMPARE(station.setupFile.FileName, studio);
-            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QStringLiteral("gone.csd was not found")));
+            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
             QCOMPARE(remembered.recentFiles(), std::vector<std::string>{studio});
 
             view.mainWindow().setGeometry(40, 50, 900, 600);
@@ -103,7 +103,7 @@ private slots:
         testing::FakePort port;
         testing::FakeMessages messages;
         testing::FakeDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         ModalPause modal;
         Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});

@@ -44,7 +44,7 @@ private slots:
         BuiltinLine line(studio);
         testing::FakeMessages messages;
         NoDialogs plain;
-        PresetOpenDialogs dialogs(plain);
+        PresetDialogs dialogs(plain);
         DiskWriter writer;
         Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});
         station.Form_Load();

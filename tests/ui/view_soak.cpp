@@ -11,6 +11,7 @@
 #include <iostream>
 #include <string>
 
+#include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
@@ -30,12 +31,6 @@ struct CountedMessages : MessageSink {
     int count = 0;
 };
 
-struct NoDialogs : FileDialogs {
-    std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
-    bool confirmReplace(const std::string&) override { return false; }
-};
-
 long residentKb() {
     std::ifstream status("/proc/self/status");
     for (std::string line; std::getline(status, line);)
@@ -53,7 +48,7 @@ int main(int argc, char** argv) {
     ui::BuiltinLine line(std::string(STATION_SAMPLES_DIR) + "/studio.csd");
     CountedMessages messages;
     NoDialogs noDialogs;
-    ui::PresetOpenDialogs dialogs(noDialogs);
+    PresetDialogs dialogs(noDialogs);
     DiskWriter writer;
     ui::ModalPause modal;
     Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});

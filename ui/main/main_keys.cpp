@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <tuple>
 
+#include "app/availability.hpp"
 #include "ui/main/main_menus.hpp"
 
 namespace station::ui {
@@ -61,7 +62,7 @@ MainKeys::MainKeys(Form1& form, const Forward& forward, QMainWindow& window, Mai
 QString MainKeys::cameraKey(int index) { return index == 0 ? QStringLiteral("G") : QString::number(index); }
 
 void MainKeys::render() {
-    const bool enabled = form_.cameraSelect.Enabled && form_.Option9.Enabled;
+    const bool enabled = availability::cameraSelection(form_);
     for (int i = 0; i <= 8; ++i) {
         QAction& action = *cameras_.at(static_cast<std::size_t>(i));
         if (action.isEnabled() != enabled) action.setEnabled(enabled);

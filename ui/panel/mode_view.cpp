@@ -6,6 +6,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "app/availability.hpp"
+
 namespace station::ui {
 
 namespace {
@@ -121,7 +123,7 @@ void ModeView::render() {
     for (int i = 0; i <= 2; ++i) {
         showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
         // A step the camera's gain type keeps fixed has nothing to trim.
-        const bool offered = panel_.gainStepRange(i).offered();
+        const bool offered = availability::gainValue(panel_, i);
         QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
         if (spin.isEnabled() != offered) spin.setEnabled(offered);
         // An arrow at its step's limit is greyed: a press there would change nothing.

@@ -21,7 +21,7 @@ QMessageBox::Icon boxIcon(Icon icon) {
 }  // namespace
 
 QString QtMessages::boxText(const std::string& text) {
-    QString out = qs(text);
+    QString out = fileText(text);
     out.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     out.replace(QLatin1Char('\r'), QLatin1Char('\n'));
     return out;

@@ -13,7 +13,7 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     return out;
 }
 
-RemoteControl::RemoteControl(Station& station, remote::PresetDialogs& dialogs, RemoteSettings settings,
+RemoteControl::RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
                              std::function<void()> refresh, std::function<bool()> busy)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
       commands_(station, dialogs, {settings_.fileFolder, 200}),

@@ -38,7 +38,7 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
 class RemoteControl {
 public:
     // `refresh` redraws the windows after remote gestures; `busy` says a message box is up.
-    RemoteControl(Station& station, remote::PresetDialogs& dialogs, RemoteSettings settings,
+    RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
                   std::function<void()> refresh, std::function<bool()> busy);
 
     // Opens or closes both transports; false, with error(), when one could not be opened.

@@ -43,7 +43,7 @@ std::string RemoteOscServer::command(const remote::OscCommand& message, const Pe
         clients_.erase(std::remove(clients_.begin(), clients_.end(), from), clients_.end());
         return "OK";
     }
-    return handle_(message.line);
+    return handle_(message.text);
 }
 
 void RemoteOscServer::take() {

@@ -21,16 +21,7 @@ sim::LineSetup readStudio(const std::filesystem::path& studioFile) {
 
 BuiltinLine::BuiltinLine(const std::filesystem::path& studioFile) { readStudio(studioFile).build(line_); }
 
-std::optional<std::string> PresetOpenDialogs::openFile(const std::string& filter) {
-    if (nextOpen_) {
-        std::optional<std::string> answer = std::move(nextOpen_);
-        nextOpen_.reset();
-        return answer;
-    }
-    return dialogs_.openFile(filter);
-}
-
-bool openNamedFile(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& file) {
+bool openNamedFile(Station& station, PresetDialogs& dialogs, const std::filesystem::path& file) {
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec)) {
         station.notice.raise(file.string() + " was not found; it is taken off the recent files");
@@ -41,7 +32,7 @@ bool openNamedFile(Station& station, PresetOpenDialogs& dialogs, const std::file
     return true;
 }
 
-void openStudio(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& studioFile) {
+void openStudio(Station& station, PresetDialogs& dialogs, const std::filesystem::path& studioFile) {
     dialogs.answerNextOpen(studioFile.string());
     station.OPEN_Click();
     station.setupFile.setFileName("");

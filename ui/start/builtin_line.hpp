@@ -12,7 +12,7 @@
 #include <string>
 
 #include "app/station.hpp"
-#include "setupfile/file_dialogs.hpp"
+#include "app/preset_dialogs.hpp"
 #include "sim/line.hpp"
 #include "sim/sim_port.hpp"
 
@@ -36,30 +36,13 @@ private:
     sim::SimPort port_{line_};
 };
 
-// File dialogs that answer the next open dialog with a given path without showing it,
-// and otherwise ask the real dialogs.
-class PresetOpenDialogs : public FileDialogs {
-public:
-    explicit PresetOpenDialogs(FileDialogs& dialogs) : dialogs_(dialogs) {}
-
-    void answerNextOpen(std::string path) { nextOpen_ = std::move(path); }
-
-    std::optional<std::string> openFile(const std::string& filter) override;
-    std::optional<std::string> saveFile(const std::string& filter) override { return dialogs_.saveFile(filter); }
-    bool confirmReplace(const std::string& path) override { return dialogs_.confirmReplace(path); }
-
-private:
-    FileDialogs& dialogs_;
-    std::optional<std::string> nextOpen_;
-};
-
 // Opens a setup data file by name through the station's own OPEN command. A file that is
 // gone is not opened (OPEN would take its name and read nothing): the operator is told in
 // a notice, and the answer is false.
-bool openNamedFile(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& file);
+bool openNamedFile(Station& station, PresetDialogs& dialogs, const std::filesystem::path& file);
 
 // Opens the studio's setup data in a started station through its own OPEN command, then
 // forgets the file name so that the sample is never saved over.
-void openStudio(Station& station, PresetOpenDialogs& dialogs, const std::filesystem::path& studioFile);
+void openStudio(Station& station, PresetDialogs& dialogs, const std::filesystem::path& studioFile);
 
 }  // namespace station::ui

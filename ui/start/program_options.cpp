@@ -10,6 +10,8 @@
 #include <utility>
 
 #include "camtype/definition_folder.hpp"
+#include "common/option_errors.hpp"
+#include "common/version.hpp"
 
 namespace station::ui {
 
@@ -28,7 +30,7 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
     };
     if (parser.isSet(names.address)) {
         r.address = parser.value(names.address).toStdString();
-        if (r.address->empty()) fail("--remote-address needs a value");
+        if (r.address->empty()) fail(options::needsValue("--remote-address"));
     }
     for (const auto& [option, port] : {std::pair{&names.tcpPort, &r.tcpPort}, std::pair{&names.oscPort, &r.oscPort}}) {
         if (!parser.isSet(*option)) continue;
@@ -36,12 +38,12 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
         bool number = false;
         const int n = text.toInt(&number);
         if (!number || n < 1 || n > 65535)
-            fail("--" + option->names().constFirst().toStdString() + ": not a port number: " + text.toStdString());
+            fail(options::badValue("--" + option->names().constFirst().toStdString(), "not a port number: " + text.toStdString()));
         else *port = n;
     }
     if (parser.isSet(names.folder)) {
         r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
-        if (r.folder->empty()) fail("--remote-folder needs a folder");
+        if (r.folder->empty()) fail(options::needsValue("--remote-folder", "a folder"));
     }
 }
 
@@ -80,23 +82,23 @@ Parsed parse(const std::vector<std::string>& args) {
     }
     if (!parser.positionalArguments().isEmpty()) {
         out.clean = false;
-        o.error = "unknown argument: " + parser.positionalArguments().constFirst().toStdString();
+        o.error = options::unknownArgument(parser.positionalArguments().constFirst().toStdString());
         return out;
     }
     if (parser.isSet(port)) {
         o.port = parser.value(port).toLocal8Bit().toStdString();
-        if (o.port->empty()) o.error = "--port needs a device";
+        if (o.port->empty()) o.error = options::needsValue("--port", "a device");
     }
     o.simulate = parser.isSet(simulate);
     if (parser.isSet(logFile)) {
         const std::string file = parser.value(logFile).toLocal8Bit().toStdString();
         o.logFile = std::filesystem::path(file);
-        if (file.empty()) o.error = "--log-file needs a file";
+        if (file.empty()) o.error = options::needsValue("--log-file", "a file");
     }
     if (parser.isSet(definitions)) {
         const std::string folder = parser.value(definitions).toLocal8Bit().toStdString();
         o.definitions = std::filesystem::path(folder);
-        if (folder.empty()) o.error = "--definitions needs a folder";
+        if (folder.empty()) o.error = options::needsValue("--definitions", "a folder");
     }
     readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder}, o);
     return out;
@@ -160,7 +162,7 @@ std::string programHelp() {
            "  --help               show this text\n";
 }
 
-std::string programVersion() { return std::string("corvane-station ") + STATION_VERSION + "\n"; }
+std::string programVersion() { return "corvane-station " + std::string(kStationVersion) + "\n"; }
 
 std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable) {
     if (options.port) return options.port;

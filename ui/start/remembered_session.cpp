@@ -18,7 +18,7 @@ QMenu& fileMenu(StationView& view) { return *view.mainWindow().menus().action(QS
 }  // namespace
 
 RememberedSession::RememberedSession(RememberedSettings& settings, StationView& view, Station& station,
-                                     PresetOpenDialogs& dialogs, FileWriter& writer)
+                                     PresetDialogs& dialogs, FileWriter& writer)
     : station_(station),
       places_(view.mainWindow(), settings),
       recent_(fileMenu(view), settings, [&settings, &view, &station, &dialogs](const std::string& path) {
@@ -29,7 +29,9 @@ RememberedSession::RememberedSession(RememberedSettings& settings, StationView& 
     for (const std::string& file : settings.recentFiles()) removeStaleSaving(writer, file);
     station.setupFile.FileUsed = [&settings](const std::string& path) { settings.fileUsed(path); };
     QStatusBar* status = view.mainWindow().statusBar();
-    station.notice.shown = [status](const std::string& text) { status->showMessage(qs(text), 30'000); };
+    station.notice.shown = [status](const std::string& text) { status->showMessage(fileText(text), 30'000); };
+    // A word raised at start-up, before there was a status bar to show it.
+    if (!station.notice.last().empty()) station.notice.shown(station.notice.last());
 }
 
 RememberedSession::~RememberedSession() {

@@ -17,7 +17,7 @@ namespace station::ui {
 
 class RememberedSession {
 public:
-    RememberedSession(RememberedSettings& settings, StationView& view, Station& station, PresetOpenDialogs& dialogs,
+    RememberedSession(RememberedSettings& settings, StationView& view, Station& station, PresetDialogs& dialogs,
                       FileWriter& writer);
     ~RememberedSession();
     RememberedSession(const RememberedSession&) = delete;

@@ -10,16 +10,15 @@ StationTimers::StationTimers(Station& station, std::function<void()> afterTick, 
                              std::function<bool()> lineBusy)
     : station_(station), afterTick_(std::move(afterTick)), lineBusy_(std::move(lineBusy)), plan_(station) {
     clock_.start();
-    Station* s = &station;
-    auto poll = [s, beforePoll = std::move(beforePoll)] {
+    // The one tick table; the plan's timers are in the same order.
+    for (StationTick& t : stationTicks(station))
+        entries_.push_back({static_cast<TickPlan::Which>(entries_.size()), std::move(t.tick), nullptr});
+    // The built-in camera line catches up just before each poll.
+    entries_.at(StationTick::Poll).tick = [poll = std::move(entries_.at(StationTick::Poll).tick),
+                                           beforePoll = std::move(beforePoll)] {
         if (beforePoll) beforePoll();
-        s->Timer1_Timer();
+        poll();
     };
-    entries_.push_back({TickPlan::Poll, poll, nullptr});
-    entries_.push_back({TickPlan::AckWatch, [s] { s->Timer2_Timer(); }, nullptr});
-    entries_.push_back({TickPlan::AnswerWatch, [s] { s->Timer3_Timer(); }, nullptr});
-    entries_.push_back({TickPlan::FilterRelease, [s] { s->Timer4_Timer(); }, nullptr});
-    entries_.push_back({TickPlan::AutoMessage, [s] { s->Form6Timer_Timer(); }, nullptr});
     for (Entry& e : entries_) {
         e.timer = std::make_unique<QTimer>();
         e.timer->setTimerType(Qt::PreciseTimer);

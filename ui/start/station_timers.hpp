@@ -15,12 +15,14 @@
 
 #include "app/station.hpp"
 #include "app/tick_plan.hpp"
+#include "app/tick_table.hpp"
 
 namespace station::ui {
 
 class StationTimers {
 public:
-    enum Which { Poll, AckWatch, AnswerWatch, FilterRelease, AutoMessage };
+    using Which = StationTick::Which;
+    using enum StationTick::Which;
 
     // `afterTick` runs after every tick (the windows are redrawn); `beforePoll` runs just
     // before each poll (the built-in camera line catches up). `lineBusy` says whether bytes

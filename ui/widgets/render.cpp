@@ -1,6 +1,7 @@
 #include "ui/widgets/render.hpp"
 
 #include <QCheckBox>
+#include <QFile>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -21,6 +22,8 @@ QPushButton* commandButton(QWidget* parent, const char* name, const Forward& for
 QString qs(const std::string& text) { return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())); }
 
 std::string fromQt(const QString& text) { return text.toLatin1().toStdString(); }
+
+QString fileText(const std::string& text) { return QFile::decodeName(QByteArray::fromStdString(text)); }
 
 QColor colourOf(std::uint32_t bgr) {
     return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
@@ -96,8 +99,8 @@ void showList(QListWidget& widget, const ListBox& list) {
 }
 
 void showWindow(QWidget& widget, const FormWindow& form, const QString& mark) {
-    const QString title = mark + qs(form.Caption);
-    if (widget.windowTitle() != title) widget.setWindowTitle(title);
+    // The main window's title names the open setup data file.
+    if (const QString title = mark + fileText(form.Caption); widget.windowTitle() != title) widget.setWindowTitle(title);
     if (form.Visible && !widget.isVisible()) widget.show();
     if (!form.Visible && widget.isVisible()) widget.hide();
 }

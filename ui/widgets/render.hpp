@@ -33,6 +33,9 @@ QPushButton* commandButton(QWidget* parent, const char* name, const Forward& for
 // The station's texts hold one byte per character.
 QString qs(const std::string& text);
 std::string fromQt(const QString& text);
+// A text that names files (a window title, a notice, a message, the line log): file names
+// are shown as the file system spells them, in UTF-8, not byte by byte.
+QString fileText(const std::string& text);
 
 // Whether a widget's text already reads the model's text (without converting it).
 bool sameText(const QString& shown, const std::string& text);

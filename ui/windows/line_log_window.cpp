@@ -37,7 +37,7 @@ LineLogWindow::LineLogWindow(Station& station, const Forward& forward, QWidget* 
 void LineLogWindow::render() {
     renderWindow();
     if (log_.revision() == shown_) return;
-    text_->setPlainText(qs(log_.text()));
+    text_->setPlainText(fileText(log_.text()));
     shown_ = log_.revision();
 }
 

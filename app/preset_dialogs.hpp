@@ -1,16 +1,21 @@
 #pragma once
-// File dialogs that answer the next open or save with a path named in advance, without
-// showing anything, and otherwise ask the dialogs they wrap. Remote file commands name
-// their file this way, so the station opens and saves it through its own File commands.
+// The platform pieces of a station that nobody watches, in one place for every program and
+// test: file dialogs answered with a path named in advance (remote file commands, the
+// start-up's sample studio and remembered file), dialogs that are always cancelled, and
+// messages that go nowhere.
 
 #include <optional>
 #include <utility>
 #include <string>
 
+#include "common/messages.hpp"
 #include "setupfile/file_dialogs.hpp"
 
-namespace station::remote {
+namespace station {
 
+// Answers the next open or save with the named path without showing anything, and
+// otherwise asks the dialogs it wraps; the station then opens or saves through its own
+// File commands.
 class PresetDialogs : public FileDialogs {
 public:
     explicit PresetDialogs(FileDialogs& dialogs) : dialogs_(dialogs) {}
@@ -45,7 +50,7 @@ private:
     bool presetSave_ = false;
 };
 
-// Dialogs for a program without windows: every dialog is cancelled.
+// Dialogs for a program or test without windows: every dialog is cancelled.
 class NoDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return std::nullopt; }
@@ -53,4 +58,10 @@ public:
     bool confirmReplace(const std::string&) override { return false; }
 };
 
-}  // namespace station::remote
+// Messages for a program or test that looks at none: they go nowhere.
+class QuietMessages : public MessageSink {
+public:
+    void show(const std::string&, Icon) override {}
+};
+
+}  // namespace station

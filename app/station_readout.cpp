@@ -1,0 +1,76 @@
+#include "app/station_readout.hpp"
+
+#include "app/station.hpp"
+
+namespace station {
+
+namespace {
+
+StationReadout::Buttons buttonsOf(const OptionGroup& group) {
+    StationReadout::Buttons b{group.lo(), group.hi(), {}};
+    for (int i = group.lo(); i <= group.hi(); ++i) b.captions.push_back(group[i].Caption);
+    return b;
+}
+
+}  // namespace
+
+bool StationReadout::ended() const { return station_.ended(); }
+int StationReadout::selectedCamera() const { return station_.shared.CamNo; }
+int StationReadout::sceneOf(int camera) const { return station_.shared.ScnNo(camera); }
+std::string StationReadout::cameraType(int camera) const { return station_.shared.cams.CamType(camera); }
+std::string StationReadout::cameraId(int camera) const { return station_.shared.cams.CamID(camera); }
+
+std::string StationReadout::cameraName(int camera) const {
+    const std::string type = cameraType(camera);
+    return "camera " + std::to_string(camera) + (type.empty() ? " (no type)" : " (" + type + ", ID " + cameraId(camera) + ")");
+}
+
+StationReadout::Buttons StationReadout::cameraButtons() const { return buttonsOf(station_.form1.Option9); }
+StationReadout::Buttons StationReadout::modeButtons(Mode m) const { return buttonsOf(station_.form1.*modeControl(m).group); }
+int StationReadout::selectedScene() const { return station_.form1.Option7.selected(); }
+int StationReadout::selectedMode(Mode m) const { return (station_.form1.*modeControl(m).group).selected(); }
+
+StationReadout::Range StationReadout::levelRange(Level l) const {
+    const ScrollBar& bar = station_.form1.*levelControl(l).bar;
+    return {std::min(bar.Min, bar.Max), std::max(bar.Min, bar.Max), bar.value()};
+}
+
+std::string StationReadout::levelText(Level l) const { return (station_.form1.*levelControl(l).number).Caption; }
+std::string StationReadout::gainStepText(int step) const { return station_.form1.Label1(step).Caption; }
+std::string StationReadout::filterText() const { return station_.form1.Label16.Caption; }
+bool StationReadout::tally() const { return station_.form1.Label15.BackColor == kColourRed; }
+bool StationReadout::callHeld() const { return station_.form1.CallOn != 0; }
+
+std::string StationReadout::autoOperation() const { return station_.form6.Label1.Caption; }
+std::string StationReadout::autoResult() const { return station_.form6.Label2.Caption; }
+bool StationReadout::autoShown() const { return station_.form6.form.Visible; }
+
+std::string StationReadout::lineState() const { return station_.line.stateText(); }
+std::string StationReadout::lineDevice() const { return station_.line.deviceText(); }
+std::chrono::system_clock::time_point StationReadout::now() const { return station_.line.now(); }
+Answer StationReadout::answer(int camera, std::chrono::system_clock::time_point now) const {
+    return station_.line.answers.state(camera, now);
+}
+int StationReadout::queued() const { return station_.link.queue().SendCnt(); }
+bool StationReadout::awaitingAcknowledge() const { return station_.link.AckWait() >= 0; }
+bool StationReadout::awaitingAnswer() const { return station_.link.AnsWait() >= 0; }
+
+std::string StationReadout::fileName() const { return station_.setupFile.FileName; }
+
+std::vector<std::string> StationReadout::functionTitles() const { return station_.form2.List1.items(); }
+int StationReadout::shownFunction() const { return station_.form2.List1.listIndex(); }
+std::vector<std::string> StationReadout::shownItems() const { return station_.form2.List2.items(); }
+int StationReadout::itemCount(int f) const { return station_.editor.itemCount(f); }
+FunctionItem StationReadout::item(int f, int i) const { return station_.editor.item(f, i); }
+
+std::optional<std::string> StationReadout::storedValue(int f, const FunctionItem& it) const {
+    const std::string* held = station_.editor.stored(f, it);
+    if (held == nullptr) return std::nullopt;
+    return *held;
+}
+
+std::string StationReadout::valueText(const FunctionItem& it, const std::string& value) const {
+    return station_.editor.valueText(it, value);
+}
+
+}  // namespace station

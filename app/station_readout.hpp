@@ -1,0 +1,89 @@
+#pragma once
+// The station as clients outside the windows read it (the remote command set, corvane-ctl):
+// the selected camera and its panel, the line's state and answer marks, the function page,
+// the file name. Read only: what changes the station goes through the named actions.
+
+#include <chrono>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "app/panel_controls.hpp"
+#include "funcedit/function_items.hpp"
+#include "line/camera_answers.hpp"
+
+namespace station {
+
+class Station;
+
+class StationReadout {
+public:
+    explicit StationReadout(Station& station) : station_(station) {}
+
+    bool ended() const;
+    // 0 is GROUP.
+    int selectedCamera() const;
+    int sceneOf(int camera) const;
+    std::string cameraType(int camera) const;
+    std::string cameraId(int camera) const;
+    // "camera 3 (TYPE, ID 01)", "camera 4 (no type)".
+    std::string cameraName(int camera) const;
+
+    // A group of buttons: its indexes and their captions.
+    struct Buttons {
+        int lo = 0;
+        int hi = 0;
+        std::vector<std::string> captions;  // lo..hi
+        const std::string& caption(int index) const { return captions.at(static_cast<std::size_t>(index - lo)); }
+    };
+    Buttons cameraButtons() const;
+    Buttons modeButtons(Mode m) const;
+    int selectedScene() const;
+    int selectedMode(Mode m) const;  // -1 when none is
+
+    // A level bar's range (lo <= hi) and where it stands; its number label.
+    struct Range {
+        long lo = 0;
+        long hi = 0;
+        long value = 0;
+    };
+    Range levelRange(Level l) const;
+    std::string levelText(Level l) const;
+    std::string gainStepText(int step) const;  // 0 LOW, 1 MID, 2 HIGH
+    std::string filterText() const;
+    bool tally() const;
+    bool callHeld() const;
+
+    // The auto message: its operation ("" before the first), "Now doing" or the result,
+    // and whether the window is up.
+    std::string autoOperation() const;
+    std::string autoResult() const;
+    bool autoShown() const;
+
+    // The line: its state and device in words, each camera's answer mark at `now`.
+    std::string lineState() const;
+    std::string lineDevice() const;
+    std::chrono::system_clock::time_point now() const;
+    Answer answer(int camera, std::chrono::system_clock::time_point now) const;
+    // Frames waiting to go out; whether the link waits for an acknowledge or an answer.
+    int queued() const;
+    bool awaitingAcknowledge() const;
+    bool awaitingAnswer() const;
+
+    std::string fileName() const;
+
+    // The Function window: the function list, the function shown (-1 for none) and its items.
+    std::vector<std::string> functionTitles() const;
+    int shownFunction() const;
+    std::vector<std::string> shownItems() const;
+    // Function f's items (f and i from 1), the value kept for one, and how it reads.
+    int itemCount(int f) const;
+    FunctionItem item(int f, int i) const;
+    std::optional<std::string> storedValue(int f, const FunctionItem& it) const;
+    std::string valueText(const FunctionItem& it, const std::string& value) const;
+
+private:
+    Station& station_;  // only read; the editor's lookup of a stored value is not const
+};
+
+}  // namespace station
