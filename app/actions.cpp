@@ -156,9 +156,11 @@ ActionResult Actions::consoleFrame(const std::string& hex) {
     });
 }
 
+void Actions::watchLine(LinkEvents& watcher) { station_.watchLine(watcher); }
+
 ActionResult Actions::dropQueued() {
-    SendQueue& queue = station_.link.queue();
-    while (queue.SendCnt() > 0) queue.SendBuffShift();
+    // The frame awaiting its acknowledge goes too: a NAK for it must not send it again.
+    station_.link.giveUpQueued();
     return ActionResult::done();
 }
 

@@ -18,6 +18,7 @@
 #include "app/action_result.hpp"
 #include "app/panel_controls.hpp"
 #include "app/station_readout.hpp"
+#include "link/link_events.hpp"
 
 namespace station {
 
@@ -61,8 +62,12 @@ public:
     ActionResult setFunctionValue(int function, int item, long value);
     // The console: hex bytes fed to the station as if the line had sent them.
     ActionResult consoleFrame(const std::string& hex);
-    // Frames still queued are given up (a client abandons the rest of a camera's page).
+    // Frames still queued are given up (a client abandons the rest of a camera's page),
+    // the one awaiting its acknowledge included.
     ActionResult dropQueued();
+    // Tells `watcher` of every frame the line sends, acknowledges or receives, beside the
+    // windows; the watcher must outlive the station's polls.
+    void watchLine(LinkEvents& watcher);
 
 private:
     // Runs the gesture at the station's error boundary.

@@ -86,6 +86,7 @@ void Station::Form_Load() {
     form1.form.Show();
     shared.CtrlReady = 1;  // the panel is live from here on
     loaded_ = true;
+    setupFile.rememberSaved();  // nothing set yet that a quit could lose
 }
 
 void Station::InitSet() {

@@ -1,6 +1,7 @@
 #include "app/station_readout.hpp"
 
 #include "app/station.hpp"
+#include "common/vb_conv.hpp"
 
 namespace station {
 
@@ -55,7 +56,23 @@ int StationReadout::queued() const { return station_.link.queue().SendCnt(); }
 bool StationReadout::awaitingAcknowledge() const { return station_.link.AckWait() >= 0; }
 bool StationReadout::awaitingAnswer() const { return station_.link.AnsWait() >= 0; }
 
+bool StationReadout::handshake() const { return station_.shared.AckMode == 0; }
+
 std::string StationReadout::fileName() const { return station_.setupFile.FileName; }
+
+std::string StationReadout::mainSetting(int field, int camera) const {
+    return station_.stores.MainScnData(field, camera, 0);
+}
+
+std::vector<std::pair<std::string, std::string>> StationReadout::functionSettings(int camera) const {
+    const SettingStores& stores = station_.stores;
+    std::vector<std::pair<std::string, std::string>> out;
+    const int sceneRows = static_cast<int>(val(stores.FuncScnData(0, 0, 0)));
+    for (int r = 1; r <= sceneRows; ++r) out.emplace_back(stores.FuncScnData(r, 0, 0), stores.FuncScnData(r, camera, 0));
+    const int rows = static_cast<int>(val(stores.FuncData(0, 0)));
+    for (int r = 1; r <= rows; ++r) out.emplace_back(stores.FuncData(r, 0), stores.FuncData(r, camera));
+    return out;
+}
 
 std::vector<std::string> StationReadout::functionTitles() const { return station_.form2.List1.items(); }
 int StationReadout::shownFunction() const { return station_.form2.List1.listIndex(); }

@@ -6,6 +6,7 @@
 #include <chrono>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "app/panel_controls.hpp"
@@ -70,7 +71,16 @@ public:
     bool awaitingAcknowledge() const;
     bool awaitingAnswer() const;
 
+    // Whether frames wait for the camera's acknowledge ("Ack On").
+    bool handshake() const;
+
     std::string fileName() const;
+
+    // The settings kept for a camera: main setting `field` (1..18, the setup file's order) of
+    // its working copy, and every function item's value as (item code, value): the working
+    // copy's for scene functions, the one value for plain functions.
+    std::string mainSetting(int field, int camera) const;
+    std::vector<std::pair<std::string, std::string>> functionSettings(int camera) const;
 
     // The Function window: the function list, the function shown (-1 for none) and its items.
     std::vector<std::string> functionTitles() const;

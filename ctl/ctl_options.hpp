@@ -24,6 +24,8 @@ struct CtlOptions {
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
     std::vector<std::string> commands;                 // one command per entry
     bool quiet = false;                                // --quiet: no progress lines
+    bool keepGoing = false;                            // --keep-going: on past a failed command
+    bool partial = false;                              // --partial: save what was read after a failure
     bool help = false;
     bool version = false;                              // --version
 };

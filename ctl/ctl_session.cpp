@@ -1,9 +1,14 @@
 #include "ctl/ctl_session.hpp"
 
+#include <cctype>
+#include <fstream>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 
 #include "common/vb_conv.hpp"
+#include "ctl/exit_status.hpp"
+#include "ctl/restore_check.hpp"
 
 namespace station::ctl {
 
@@ -13,13 +18,12 @@ using std::chrono::milliseconds;
 
 // A camera's replies have stopped when nothing arrived for this long with nothing queued.
 constexpr Micros kQuiet = milliseconds(600);
-constexpr Micros kCameraLimit = milliseconds(120'000);
 
 }  // namespace
 
 void CtlMessages::show(const std::string& text, Icon icon) {
     // A message repeated for every frame of a page is told once.
-    if (text != last_) err_ << "corvane-ctl: the station says: " << text << "\n";
+    if (text != last_) err_ << "corvane-ctl: the station says: " << oneLine(text) << "\n";
     last_ = text;
     if (icon != Icon::Information) ++failures_;
 }
@@ -57,14 +61,10 @@ std::vector<int> cameraList(const std::string& text) {
     return cameras;
 }
 
-Session::Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, CtlMessages& messages,
-                 std::ostream& out, std::ostream& err, bool quiet)
-    : commands_(commands), view_(commands.readout()), ticks_(ticks), replies_(replies), messages_(messages),
-      out_(out), err_(err), quiet_(quiet) {}
-
-void Session::progress(const std::string& text) {
-    if (!quiet_) err_ << "corvane-ctl: " << text << "\n";
-}
+Session::Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
+                 CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal)
+    : commands_(commands), view_(commands.readout()), ticks_(ticks), replies_(replies), tally_(tally),
+      messages_(messages), out_(out), err_(err), progress_(err, terminal, quiet) {}
 
 void Session::settle() {
     ticks_.runUntil([this] { return !view_.awaitingAcknowledge() && !view_.awaitingAnswer(); }, milliseconds(2000));
@@ -73,6 +73,11 @@ void Session::settle() {
 bool Session::waitUntilSent(Micros limit) {
     return ticks_.runUntil(
         [this] { return view_.queued() == 0 && !view_.awaitingAcknowledge(); }, limit);
+}
+
+void Session::giveUp() {
+    tally_.ended(FrameEnd::GivenUp, view_.queued());
+    (void)commands_.actions().dropQueued();
 }
 
 bool Session::run(const std::string& line) {
@@ -84,6 +89,13 @@ bool Session::run(const std::string& line) {
             const std::string cameras = words.take("cameras");
             words.end();
             return pageOf(verb, cameras);
+        }
+        if (verb == "verify") {
+            words.take("command");
+            const std::string file = words.take("file");
+            const std::string cameras = words.take("cameras");
+            words.end();
+            return verify(file, cameras);
         }
         if (verb == "auto") {
             words.take("command");
@@ -107,6 +119,8 @@ bool Session::run(const std::string& line) {
             ticks_.run(milliseconds(ms));
             return true;
         }
+    } catch (const RunError&) {
+        throw;
     } catch (const std::exception& e) {
         err_ << "corvane-ctl: " << line << ": " << e.what() << "\n";
         refused_ = true;
@@ -122,67 +136,159 @@ bool Session::remote(const std::string& line) {
         refused_ = true;
         return false;
     }
-    if (!waitUntilSent(milliseconds(30'000))) {
-        err_ << "corvane-ctl: " << line << ": the line did not take its frames\n";
+    if (!waitUntilSent(cameraTimeLimit(view_.queued(), allowance))) {
+        giveUp();
+        err_ << "corvane-ctl: " << line << ": the camera did not take its frames in time; they were dropped\n";
         refused_ = true;
         return false;
     }
     return true;
 }
 
+Session::Part Session::onePage(int camera, bool reading, bool last, bool store) {
+    const std::string select = commands_.execute("camera " + std::to_string(camera));
+    if (select != "OK") return {camera, tally_.settled(), 0, 0, select};
+    const int failuresBefore = messages_.failures();
+    const long first = tally_.settled() + view_.queued();
+    const std::string reply = commands_.execute(reading ? "page read" : "page send");
+    Part part{camera, first, tally_.settled() + view_.queued() - first, 0, {}};
+    if (reply != "OK") part.failure = reply;
+    else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
+    if (!part.failure.empty()) {
+        giveUp();
+        return part;
+    }
+    const bool blind = !view_.handshake();
+    const long receivedBefore = replies_.replies(camera);
+    progress_.begin(view_.cameraName(camera) + " " + (reading ? "read" : "write"), part.expected);
+    int queuedBefore = view_.queued();
+    Micros lastReply = ticks_.now();
+    auto failed = [&] {
+        return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
+               tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
+    };
+    ticks_.afterTick = [&] {
+        if (blind) tally_.ended(FrameEnd::SentBlind, queuedBefore - view_.queued());
+        queuedBefore = view_.queued();
+        if (replies_.replies(camera) - receivedBefore != part.replies) {
+            part.replies = replies_.replies(camera) - receivedBefore;
+            lastReply = ticks_.now();
+        }
+        // A camera that does not answer would keep the line for a second per frame:
+        // the rest of its page is given up at its first failure.
+        if (failed()) giveUp();
+        progress_.update(reading ? part.replies : tally_.count(part.first, part.expected, FrameEnd::Acknowledged));
+    };
+    const long end = part.first + part.expected;
+    // A read ends when every request is answered; silence ends it for a camera that
+    // answers less. A send moves on while its last frame awaits the acknowledge, so
+    // that the next camera's first frame leaves on the poll that takes it.
+    const bool done = ticks_.runUntil(
+        [&] {
+            if (failed()) return true;
+            if (reading)
+                return tally_.settled() >= end && !view_.awaitingAcknowledge() &&
+                       (part.replies >= part.expected || ticks_.now() - lastReply >= kQuiet);
+            return tally_.settled() >= (last ? end : end - 1) && view_.queued() <= (last ? 0 : 1);
+        },
+        cameraTimeLimit(part.expected, allowance));
+    ticks_.afterTick = nullptr;
+    if (!done) {
+        giveUp();  // its frames still queued must not go to the next camera
+        part.failure = "no answer in time";
+    }
+    if (store && part.failure.empty() && !failed() && part.replies >= part.expected) {
+        // The settings read are in the working copy; they become the selected scene.
+        const std::string stored = commands_.execute("scene store " + std::to_string(view_.sceneOf(camera)));
+        if (stored != "OK") part.failure = stored;
+    }
+    progress_.end(!part.failure.empty() ? part.failure
+                  : reading          ? std::to_string(part.replies) + "/" + std::to_string(part.expected) + " replies"
+                                     : std::to_string(part.expected) + " frames queued");
+    return part;
+}
+
 bool Session::pageOf(const std::string& action, const std::string& cameraText) {
+    const bool reading = action == "read";
+    const std::vector<int> cameras = cameraList(cameraText);
+    std::vector<Part> parts;
+    for (std::size_t i = 0; i < cameras.size(); ++i)
+        parts.push_back(onePage(cameras[i], reading, i + 1 == cameras.size(), reading));
+    // The last camera's last frame may still await its acknowledge.
+    waitUntilSent(cameraTimeLimit(1, allowance));
+
     bool allGood = true;
-    for (const int camera : cameraList(cameraText)) {
-        progress(view_.cameraName(camera) + ": page " + action);
-        const std::string select = commands_.execute("camera " + std::to_string(camera));
-        if (select != "OK") {
-            outcomes_.push_back({camera, action, true, select});
-            allGood = false;
-            continue;
-        }
-        const int failuresBefore = messages_.failures();
-        const long repliesBefore = replies_.replies(camera);
-        const std::string reply = commands_.execute(action == "read" ? "page read" : "page send");
-        Micros lastReply = ticks_.now();
-        long seen = repliesBefore;
-        ticks_.afterTick = [&] {
-            if (replies_.replies(camera) != seen) {
-                seen = replies_.replies(camera);
-                lastReply = ticks_.now();
-            }
-            // A camera that does not answer would keep the line for a second per frame:
-            // the rest of its page is given up at its first failure.
-            if (messages_.failures() != failuresBefore) (void)commands_.actions().dropQueued();
-        };
-        bool done = reply == "OK";
-        if (done) {
-            done = ticks_.runUntil(
-                [&] {
-                    return view_.queued() == 0 && !view_.awaitingAcknowledge() &&
-                           (action == "write" || ticks_.now() - lastReply >= kQuiet);
-                },
-                kCameraLimit);
-        }
-        ticks_.afterTick = nullptr;
-        const long replies = replies_.replies(camera) - repliesBefore;
-        std::string detail;
-        if (reply != "OK") detail = reply;
-        else if (!done) detail = "the line did not finish in time";
-        else if (messages_.failures() != failuresBefore) detail = messages_.last();
-        else if (action == "read" && replies == 0) detail = "no answer";
-        if (detail.empty() && action == "read") {
-            // The settings read are in the working copy; they become the selected scene.
-            const std::string stored =
-                commands_.execute("scene store " + std::to_string(view_.sceneOf(camera)));
-            if (stored != "OK") detail = stored;
-        }
-        if (detail.empty()) detail = action == "read" ? std::to_string(replies) + " replies" : "sent";
-        const bool failed = !(detail == "sent" || detail.find(" replies") != std::string::npos);
-        outcomes_.push_back({camera, action, failed, detail});
-        progress(view_.cameraName(camera) + ": " + detail);
-        allGood = allGood && !failed;
+    for (const Part& part : parts) {
+        const Outcome o = outcomeOf(part, action);
+        outcomes_.push_back(o);
+        if (o.failed && reading) unread_.push_back(part.camera);
+        allGood = allGood && !o.failed;
     }
     return allGood;
+}
+
+Session::Outcome Session::outcomeOf(const Part& part, const std::string& action) const {
+    const bool reading = action != "write";
+    std::string detail = part.failure;
+    const long blind = tally_.count(part.first, part.expected, FrameEnd::SentBlind);
+    const long acked = tally_.count(part.first, part.expected, FrameEnd::Acknowledged) + blind;
+    const long sent = acked + tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge);
+    if (detail.empty() && tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0) detail = "No Acknowledge";
+    if (detail.empty() && acked < part.expected) detail = "frames dropped";
+    if (detail.empty() && reading && part.replies < part.expected)
+        detail = "answered " + std::to_string(part.replies) + " of " + std::to_string(part.expected) + " requests";
+    const bool failed = !detail.empty();
+    const std::string counts = reading ? std::to_string(part.replies) + " replies"
+                                       : std::to_string(sent) + " frames sent, " +
+                                             (blind > 0 ? "no acknowledge asked" : std::to_string(acked) + " acknowledged");
+    return {part.camera, action, failed, failed ? detail + " (" + counts + ")" : counts};
+}
+
+CameraSettings Session::settingsOf(int camera) const {
+    CameraSettings out;
+    for (std::size_t j = 0; j < out.main.size(); ++j) out.main[j] = view_.mainSetting(static_cast<int>(j + 1), camera);
+    for (auto [code, value] : view_.functionSettings(camera)) {
+        for (char& c : code) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+        out.items[code] = value;
+    }
+    return out;
+}
+
+bool Session::verify(const std::string& file, const std::string& cameraText) {
+    const std::vector<int> cameras = cameraList(cameraText);
+    std::ifstream in(file, std::ios::binary);
+    if (!in) throw RunError(ExitStatus::BadFile, "verify: cannot read " + file);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (const auto problem = checkRestore(text.str(), cameras, definitions))
+        throw RunError(ExitStatus::BadFile, file + (problem->lineNumber > 0 ? ":" + std::to_string(problem->lineNumber) : "") +
+                                                ": " + problem->reason + "; nothing was verified");
+    // The station takes the file's settings; each camera's selected scene is then the
+    // working copy that its reading overwrites.
+    const std::string path = std::filesystem::absolute(file).string();
+    commands_.dialogs().answerNextOpen(path);
+    (void)commands_.actions().open();  // a failure is told on the error stream; the name tells the outcome
+    if (view_.fileName() != path) throw RunError(ExitStatus::BadFile, "verify: cannot open " + path);
+
+    bool allSame = true;
+    for (const int camera : cameras) {
+        const auto type = findTypeDefinition(definitions, view_.cameraType(camera));
+        CameraSettings fromFile;
+        if (commands_.execute("camera " + std::to_string(camera)) == "OK") fromFile = settingsOf(camera);
+        Outcome o = outcomeOf(onePage(camera, true, true, false), "verify");
+        if (!o.failed && type) {
+            const std::vector<std::string> differ = settingDifferences(camera, fromFile, settingsOf(camera), *type);
+            for (const std::string& d : differ) out_ << d << "\n";
+            o.failed = !differ.empty();
+            o.detail = differ.empty() ? "as " + file + " says"
+                                      : std::to_string(differ.size()) + (differ.size() == 1 ? " setting differs" : " settings differ") +
+                                            " from " + file;
+        }
+        outcomes_.push_back(o);
+        allSame = allSame && !o.failed;
+    }
+    waitUntilSent(cameraTimeLimit(1, allowance));
+    return allSame;
 }
 
 bool Session::autoRun(const std::string& which, const std::string& camera) {
@@ -191,7 +297,7 @@ bool Session::autoRun(const std::string& which, const std::string& camera) {
         number = cameraList(camera).front();
         if (!remote("camera " + std::to_string(number))) return false;
     }
-    progress(view_.cameraName(number) + ": auto " + which);
+    progress_.note(view_.cameraName(number) + ": auto " + which);
     const std::string reply = commands_.execute("auto " + which);
     if (reply != "OK") {
         out_ << reply << "\n";
@@ -217,5 +323,7 @@ int Session::finish() {
     }
     return failed ? 1 : 0;
 }
+
+std::vector<int> Session::unreadCameras() const { return unread_; }
 
 }  // namespace station::ctl

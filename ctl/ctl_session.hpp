@@ -5,13 +5,17 @@
 // other command is a remote command and waits until the frames it queued have gone out.
 
 #include <array>
+#include <filesystem>
 #include <iosfwd>
 #include <string>
 #include <vector>
 
 #include "common/messages.hpp"
 #include "common/shared.hpp"
-#include "link/link_events.hpp"
+#include "ctl/camera_time_limit.hpp"
+#include "ctl/link_tally.hpp"
+#include "ctl/progress_line.hpp"
+#include "ctl/setting_compare.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 
@@ -37,7 +41,7 @@ class ReplyCount final : public LinkEvents {
 public:
     void frameSent(const SendRec& sent, bool) override { camera_ = sent.Camera; }
     void frameAcknowledged(const SendRec&) override {}
-    void frameReceived(const Bytes&, bool good) override;
+    void frameReceived(const Bytes& frame, bool good) override;
     void noAcknowledge(const SendRec&) override {}
     void noAnswer() override {}
     long replies(int camera) const;
@@ -49,15 +53,24 @@ private:
 
 class Session {
 public:
-    Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, CtlMessages& messages,
-            std::ostream& out, std::ostream& err, bool quiet);
+    // `terminal`: standard error is a terminal (progress counts up in place).
+    Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
+            CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal = false);
 
-    // Waits until the acknowledge and answer watches are idle after start-up.
+    // How long each camera may take; the defaults suit a line at 9600 bit/s.
+    TimeAllowance allowance;
+    // The camera-type definitions the station uses (verify names items by them).
+    std::filesystem::path definitions{"."};
+
+    // Waits until the line's acknowledge and answer watches are idle after start-up.
     void settle();
     // Carries out one command; false when it was refused or a camera failed.
     bool run(const std::string& line);
     // The summary of every camera worked on, on the error stream; the exit status.
     int finish();
+
+    // The cameras asked for in a read that did not answer every request, in order.
+    std::vector<int> unreadCameras() const;
 
 private:
     struct Outcome {
@@ -67,22 +80,43 @@ private:
         std::string detail;
     };
 
+    // One camera's part of a page read or send.
+    struct Part {
+        int camera;
+        long first;     // the index of its first frame in the tally's record
+        long expected;  // frames its page queued
+        long replies;   // good frames received while it was read
+        std::string failure;
+    };
+    // `last`: no camera follows in this command; `store`: what was read becomes the
+    // camera's selected scene.
+    Part onePage(int camera, bool reading, bool last, bool store);
+    Outcome outcomeOf(const Part& part, const std::string& action) const;
+
+    // "verify FILE CAMERAS": reads the cameras and lists every setting that differs from
+    // FILE; changes neither. A damaged FILE ends the run (RunError).
+    bool verify(const std::string& file, const std::string& cameras);
+    // The camera's settings in the station: the working copy and its function items.
+    CameraSettings settingsOf(int camera) const;
+
     bool remote(const std::string& line);
     bool pageOf(const std::string& action, const std::string& cameras);
     bool autoRun(const std::string& which, const std::string& camera);
     bool waitUntilSent(Micros limit);
-    void progress(const std::string& text);
+    void giveUp();
 
     remote::CommandSet& commands_;
     const StationReadout& view_;
     TickLoop& ticks_;
     ReplyCount& replies_;
+    LinkTally& tally_;
     CtlMessages& messages_;
     std::ostream& out_;
     std::ostream& err_;
-    bool quiet_;
+    ProgressLine progress_;
     bool refused_ = false;
     std::vector<Outcome> outcomes_;
+    std::vector<int> unread_;
 };
 
 // The cameras of "1-8", "3" or "1,3,5"; std::invalid_argument when the text is not that.

@@ -1,15 +1,23 @@
 // corvane-ctl: the camera control station without windows. See ctlHelp().
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
 #include <optional>
+#include <sstream>
 
 #include "app/station.hpp"
 #include "common/runtime_error.hpp"
+#include "ctl/backup_policy.hpp"
+#include "ctl/command_run.hpp"
 #include "ctl/ctl_options.hpp"
 #include "ctl/ctl_session.hpp"
+#include "ctl/definition_search.hpp"
+#include "ctl/restore_check.hpp"
+#include "ctl/exit_status.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
 #include "app/preset_dialogs.hpp"
@@ -22,26 +30,42 @@ namespace {
 using namespace station;
 namespace fs = std::filesystem;
 
-bool holdsDefinitions(const fs::path& folder) {
-    std::error_code ec;
-    for (const auto& entry : fs::directory_iterator(folder, ec)) {
-        std::string ext = entry.path().extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext == ".fcl") return true;
-    }
-    return false;
+fs::path definitionFolder(const ctl::CtlOptions& options) {
+    return ctl::chooseDefinitions(options.definitions, ctl::definitionCandidates(options.setup), fs::current_path());
 }
 
-fs::path definitionFolder(const ctl::CtlOptions& options) {
-    if (options.definitions) return *options.definitions;
-    if (options.setup) {
-        const fs::path folder = fs::absolute(*options.setup).parent_path();
-        if (holdsDefinitions(folder)) return folder;
+// A restore ("write") sends the --setup file's settings: that file is checked whole before
+// the line is touched, and a damaged one refuses the run.
+void checkRestores(const ctl::CtlOptions& options, const fs::path& definitions) {
+    std::vector<int> cameras;
+    for (const std::string& command : options.commands) {
+        remote::Words words(remote::splitWords(command));
+        if (remote::lower(words.peek()) != "write") continue;
+        words.take("command");
+        if (words.done()) continue;  // refused when it is carried out
+        try {
+            for (const int c : ctl::cameraList(words.take("cameras"))) cameras.push_back(c);
+        } catch (const std::exception&) {
+            continue;  // likewise
+        }
     }
-    return fs::current_path();
+    if (cameras.empty()) return;
+    if (!options.setup)
+        throw ctl::RunError(ctl::ExitStatus::BadFile, "write needs --setup FILE: the settings to restore");
+    const std::string name = options.setup->string();
+    std::ifstream in(*options.setup, std::ios::binary);
+    if (!in) throw ctl::RunError(ctl::ExitStatus::BadFile, "cannot read " + name);
+    std::ostringstream text;
+    text << in.rdbuf();
+    if (const auto problem = ctl::checkRestore(text.str(), cameras, definitions))
+        throw ctl::RunError(ctl::ExitStatus::BadFile,
+                            name + (problem->lineNumber > 0 ? ":" + std::to_string(problem->lineNumber) : std::string()) + ": " +
+                                problem->reason + "; nothing was restored");
 }
 
 int run(const ctl::CtlOptions& options) {
+    const fs::path definitions = definitionFolder(options);
+    checkRestores(options, definitions);
     std::unique_ptr<sim::Line> line;
     std::unique_ptr<SerialPort> device;
     if (options.simulate) {
@@ -57,15 +81,24 @@ int run(const ctl::CtlOptions& options) {
         if (!options.port && !(variable && *variable))
             throw std::invalid_argument("no camera line: give --port DEVICE or --simulate");
         device = std::make_unique<platform::TermiosPort>(options.port ? *options.port : std::string(variable));
+        // The station would keep trying a device that cannot be opened; a script must hear
+        // at once, before anything is read or written.
+        try {
+            device->open();
+        } catch (const std::exception& e) {
+            throw ctl::RunError(ctl::ExitStatus::NoLine, e.what());
+        }
     }
 
     ctl::CtlMessages messages(std::cerr);
     NoDialogs none;
     PresetDialogs dialogs(none);
     DiskWriter writer;
-    ctl::ReplyCount replies;  // watches the station's line: outlives it
-    Station station({*device, messages, dialogs, writer, definitionFolder(options)});
+    ctl::ReplyCount replies;  // watch the station's line: outlive it
+    ctl::LinkTally tally;
+    Station station({*device, messages, dialogs, writer, definitions});
     station.watchLine(replies);
+    station.watchLine(tally);
     remote::CommandSet commands(station, dialogs, {});
     Actions& actions = commands.actions();
 
@@ -73,7 +106,9 @@ int run(const ctl::CtlOptions& options) {
     if (line) clock = std::make_unique<ctl::LineClock>(*line);
     else clock = std::make_unique<ctl::RealClock>();
     ctl::TickLoop ticks(station, *clock);
-    ctl::Session session(commands, ticks, replies, messages, std::cout, std::cerr, options.quiet);
+    ctl::Session session(commands, ticks, replies, tally, messages, std::cout, std::cerr, options.quiet,
+                         ::isatty(STDERR_FILENO) == 1);
+    session.definitions = definitions;
 
     // What the station leaves out or changes without a box is said on the error stream.
     station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
@@ -86,7 +121,8 @@ int run(const ctl::CtlOptions& options) {
     }
     session.settle();
 
-    for (const std::string& command : options.commands) session.run(command);
+    ctl::runCommands(options.commands, options.keepGoing, [&](const std::string& c) { return session.run(c); },
+                     std::cerr);
 
     int status = session.finish();
     if (options.save) {
@@ -94,14 +130,17 @@ int run(const ctl::CtlOptions& options) {
         // The file named is replaced, never the one a link of that name points to.
         std::error_code ec;
         if (fs::is_symlink(fs::symlink_status(path, ec)))
-            throw std::invalid_argument(path + " is a symbolic link: not saved");
-        const int before = messages.failures();
-        dialogs.answerNextSave(path);
-        (void)actions.saveAs();
-        if (messages.failures() != before || actions.readout().fileName() != path) {
-            std::cerr << "corvane-ctl: " << path << " was not saved\n";
-            status = 1;
-        } else {
+            throw ctl::RunError(ctl::ExitStatus::BadFile, path + " is a symbolic link: not saved");
+        const std::string from = options.setup ? options.setup->string() : std::string("the start-up values");
+        const ctl::SaveDecision decision =
+            ctl::decideSave(path, status != 0, session.unreadCameras(), options.partial, from);
+        if (!decision.note.empty()) std::cerr << "corvane-ctl: " << decision.note << "\n";
+        if (decision.write) {
+            const int before = messages.failures();
+            dialogs.answerNextSave(path);
+            (void)actions.saveAs();
+            if (messages.failures() != before || actions.readout().fileName() != path)
+                throw ctl::RunError(ctl::ExitStatus::BadFile, path + " was not saved");
             std::cerr << "corvane-ctl: saved " << path << "\n";
         }
     }
@@ -125,6 +164,9 @@ int main(int argc, char** argv) {
     }
     try {
         return run(options);
+    } catch (const ctl::RunError& e) {
+        std::cerr << "corvane-ctl: " << ctl::oneLine(e.what()) << "\n";
+        return static_cast<int>(e.status());
     } catch (const RuntimeError& e) {
         std::cerr << "corvane-ctl: " << runtimeErrorText(e) << "\n";
     } catch (const std::exception& e) {

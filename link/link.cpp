@@ -150,6 +150,11 @@ void Link::lineBack() {
     for (LinkEvents* e : events_) e->frameSent(queue_.head(), false);
 }
 
+void Link::giveUpQueued() {
+    while (queue_.SendCnt() > 0) queue_.SendBuffShift();
+    ackWait_ = -1;
+}
+
 void Link::removeHeadAfterAck() {
     if (queue_.head().Kind == "R") ansWait_ = kAnswerTicks;
     queue_.SendBuffShift();

@@ -63,6 +63,11 @@ public:
     // restarted, as after the camera's NAK. Otherwise nothing happens.
     void lineBack();
 
+    // Drops every queued frame and stops watching the one awaiting its acknowledge, so that
+    // a late ACK or NAK for it changes nothing. For a client that gives a camera up (the
+    // command-line station's time limit); the station's own windows never call it.
+    void giveUpQueued();
+
     // Adds a watcher of the line (the line's state; a client counting replies); none by
     // default. Each watcher must outlive the link.
     void watch(LinkEvents* events) { events_.push_back(events); }

@@ -2,6 +2,7 @@
 // camera within what its gain type's register can carry, send it in the layout the gain
 // replies are decoded from, and redraw the gain labels.
 #include <algorithm>
+#include <cmath>
 
 #include "common/vb_conv.hpp"
 #include "panel/main_panel.hpp"
@@ -20,6 +21,16 @@ MainPanel::GainStepRange MainPanel::gainStepRange(int index) const {
     default:
         return {};
     }
+}
+
+bool MainPanel::canStepGain(int index, int direction) const {
+    const GainStepRange range = gainStepRange(index);
+    if (index < 0 || index > 2 || !range.offered()) return false;
+    const double value = val(stores_.MainScnData(mLOW + index, shared_.CamNo, 0));
+    // A value no Integer holds: the press raises the runtime's error, as it always has.
+    if (!(std::abs(value) < 32767.0)) return true;
+    const int now = toInteger(value);
+    return std::clamp(now + direction, range.lo, range.hi) != now;
 }
 
 void MainPanel::stepGain(int index, int direction) {

@@ -75,6 +75,8 @@ public:
         bool offered() const { return hi >= lo; }
     };
     GainStepRange gainStepRange(int index) const;
+    // Whether a press of that spin arrow would change the step (false at its limit).
+    bool canStepGain(int index, int direction) const;
 
     // The acknowledge and camera-ID settings applied to timers, controls and menu ticks.
     void SetAckCont(Integer mode);

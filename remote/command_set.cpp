@@ -6,7 +6,7 @@ namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
     : actions_(station), dialogs_(dialogs), access_(std::move(access)), watch_(actions_.readout()) {
-    station.watchLine(sent_);  // the command set lives no longer than the station's polls
+    actions_.watchLine(sent_);  // the command set lives no longer than the station's polls
     add({"help", "help", false, [this](Words& w) {
              w.end();
              // One command a line after the "OK", and a blank line at the end.

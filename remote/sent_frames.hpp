@@ -3,7 +3,7 @@
 // camera's NAK is the same frame), so that a frame queued behind N unsent ones is known to
 // have gone out once N + 1 more have.
 
-#include "app/station.hpp"
+#include "link/link_events.hpp"
 
 namespace station::remote {
 

@@ -33,13 +33,22 @@ pids+=("$station")
 sleep "$settle"
 [ -d "/proc/$station" ] || { echo "idle-cost: the station did not start" >&2; exit 1; }
 
-# CPU ticks (user + system) of the process, and context switches summed over its threads.
+# CPU ticks (user + system) of the process, and context switches of each thread ("tid n").
+# A worker thread that ends in the window (Qt lets idle pool threads go after 30 s) takes
+# its count with it, so the switches are counted per thread: the ones alive at the end, from
+# their count at the start (or 0 when they started later).
 ticks() { awk '{ print $14 + $15 }' "/proc/$station/stat"; }
-switches() { cat /proc/"$station"/task/*/status | awk '/ctxt_switches/ { n += $2 } END { print n }'; }
+switches() {
+  for t in /proc/"$station"/task/*; do
+    awk -v tid="${t##*/}" '/ctxt_switches/ { n += $2 } END { print tid, n }' "$t/status" 2>/dev/null || true
+  done
+}
 
-t0=$(ticks); s0=$(switches); start=$(date +%s.%N)
+t0=$(ticks); before=$(switches); start=$(date +%s.%N)
 sleep "$seconds"
-t1=$(ticks); s1=$(switches); end=$(date +%s.%N)
+t1=$(ticks); after=$(switches); end=$(date +%s.%N)
+s0=0
+s1=$(awk 'NR == FNR { was[$1] = $2; next } { n += $2 - was[$1] } END { print n + 0 }' <(echo "$before") <(echo "$after"))
 hz=$(getconf CLK_TCK)
 awk -v t="$((t1 - t0))" -v s="$((s1 - s0))" -v hz="$hz" -v a="$start" -v b="$end" -v m="$mode" 'BEGIN {
   secs = b - a

@@ -3,6 +3,8 @@
 #include <system_error>
 
 #include "camtype/text_lines.hpp"
+#include "common/runtime_error.hpp"
+#include "common/vb_conv.hpp"
 #include "setupfile/setup_text.hpp"
 
 namespace station {
@@ -38,10 +40,52 @@ SetupFile::SetupFile(Shared& shared, SettingStores& stores, CameraTypes& types, 
 
 void SetupFile::CamFileOpen() {
     CsdOpen();
-    CsdLoad();
+    const bool read = CsdLoad();
     types_.FclDataSet();
     types_.FclLoad();
     if (InitSet) InitSet();
+    // Taken after InitSet, which loads the selected scene into the working copy.
+    if (read) rememberSaved();
+}
+
+std::string SetupFile::settingsNow() const {
+    std::string text = setupText(shared_, stores_);
+    // The file holds scenes 1..4. The selected camera's working copy, edited and not
+    // stored into its scene, is lost by a quit as well; it counts while it differs.
+    const int camera = shared_.CamNo;
+    const int scene = shared_.ScnNo(camera);
+    const long keys = static_cast<long>(val(stores_.MainKey(0)));
+    const long rows = camera >= 1 ? static_cast<long>(val(stores_.FuncScnData(0, 0, 0))) : 0;
+    std::string edited;
+    bool differs = false;
+    for (long f = 1; f <= keys; ++f) {
+        const std::string& v = stores_.MainScnData(f, camera, 0);
+        differs = differs || v != stores_.MainScnData(f, camera, scene);
+        (edited += v) += ',';
+    }
+    for (long r = 1; r <= rows; ++r) {
+        const std::string& v = stores_.FuncScnData(r, camera, 0);
+        differs = differs || v != stores_.FuncScnData(r, camera, scene);
+        (edited += v) += ',';
+    }
+    if (differs) text += "[working copy " + std::to_string(camera) + "]" + edited;
+    return text;
+}
+
+bool SetupFile::modified() const {
+    try {
+        return settingsNow() != savedSettings_;
+    } catch (const RuntimeError&) {
+        return true;
+    }
+}
+
+void SetupFile::rememberSaved() {
+    try {
+        savedSettings_ = settingsNow();
+    } catch (const RuntimeError&) {
+        savedSettings_.clear();
+    }
 }
 
 void SetupFile::setFileName(std::string name) {
@@ -53,21 +97,22 @@ void SetupFile::CsdOpen() {
     if (const auto chosen = dialogs_.openFile(kSetupFileFilter)) setFileName(*chosen);
 }
 
-void SetupFile::CsdLoad() {
+bool SetupFile::CsdLoad() {
     // What an interrupted save of this file left beside it goes, whether or not the file
     // was used before.
     removeStaleSaving(writer_, FileName);
     const auto text = readTextFile(FileName);
-    if (!text) return;
+    if (!text) return false;
     try {
         loadText(*text);
     } catch (const RuntimeError& e) {
         // What was read stays; the rest of the file is not read. No box: a word in passing.
         tellLoad(&e);
-        return;
+        return true;
     }
     tellLoad(nullptr);
     if (FileUsed) FileUsed(FileName);
+    return true;
 }
 
 void SetupFile::CsdSave() {
@@ -78,6 +123,7 @@ void SetupFile::CsdSave() {
         messages_.show("The setup data file could not be saved: " + *saved.error, Icon::Exclamation);
         return;
     }
+    rememberSaved();
     if (saved.backup && !setupData && Notify)
         Notify("The replaced file did not look like setup data; its previous content is kept in " +
                saved.backup->string());

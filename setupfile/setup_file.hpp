@@ -52,8 +52,9 @@ public:
     void CsdOpen();
 
     // Reads FileName into the stores and the camera settings. A missing or unreadable file,
-    // or a line that cannot be taken apart, ends the load silently where it is.
-    void CsdLoad();
+    // or a line that cannot be taken apart, ends the load silently where it is. The answer
+    // is whether the file could be read (whole or in part).
+    bool CsdLoad();
 
     // CsdLoad's reading of a file's content. A malformed line raises the runtime's error.
     void loadText(std::string_view text);
@@ -71,6 +72,13 @@ public:
 
     void SAVE_Click();     // CsdSave to the current file, or CsdSave_New when there is none
     void SAVE_AS_Click();  // CsdSave_New
+
+    // Whether the settings hold changes not saved or opened since: what a save would write,
+    // or a camera's working copy, differs from what it was just after the last open or
+    // save. Settings that cannot be listed (a store beyond its rows) count as a change.
+    bool modified() const;
+    // Takes the present settings as the saved ones (at start-up, with nothing to lose).
+    void rememberSaved();
 
     // A diagnostic listing of the settings as a save would write them, less the
     // "Camera Select=" line, the scene numbers and the end mark; writes no file.
@@ -96,6 +104,8 @@ private:
     FileDialogs& dialogs_;
     FileWriter& writer_;
     LoadTrace trace_;
+    std::string settingsNow() const;
+    std::string savedSettings_;
 };
 
 }  // namespace station

@@ -88,9 +88,16 @@ int main(int argc, char** argv) {
     // the sample studio's cameras (made when first chosen).
     ChosenPort port;
     std::unique_ptr<BuiltinLine> line;
+    std::function<void()> wakePoll;  // a byte came in: the sleeping poll wakes on its grid
     const std::filesystem::path studio = samples ? *samples / "studio.csd" : std::filesystem::path();
     const auto switchPort = [&](const PortChoice& c) {
-        if (!c.simulated) return port.use(std::make_unique<QtSerialPort>(c.device));
+        if (!c.simulated) {
+            auto device = std::make_unique<QtSerialPort>(c.device);
+            device->onActivity = [&wakePoll] {
+                if (wakePoll) wakePoll();
+            };
+            return port.use(std::move(device));
+        }
         if (!line && samples) {
             try {
                 line = std::make_unique<BuiltinLine>(studio);
@@ -122,7 +129,19 @@ int main(int argc, char** argv) {
         if (line && station.line.choice().simulated) line->advance();
         if (remoteBeforePoll) remoteBeforePoll();
     };
-    StationView view(station, modal, beforePoll);
+    // Bytes waiting at the port, or, on the built-in line, anything its cameras still do.
+    const std::function<bool()> lineBusy = [&line, &station, &port] {
+        if (line && station.line.choice().simulated)
+            return line->line().nextActivity().has_value() || line->line().waitingForStation() > 0;
+        return port.isOpen() && port.bytesWaiting() > 0;
+    };
+    StationView view(station, modal, beforePoll, lineBusy);
+    wakePoll = [&view] { view.timers().wake(); };
+    // Once the view is gone nothing may wake it (a port tells of its closing, too).
+    struct Unwake {
+        std::function<void()>& wake;
+        ~Unwake() { wake = nullptr; }
+    } const unwake{wakePoll};
     view.onEnded = [] { QCoreApplication::quit(); };
     // Ended from outside: the same shutdown as "&Quit", so that the port and its lock go.
     const EndSignals endSignals([&view, &station] { view.forward([&station] { station.QUIT_Click(); }); });

@@ -67,6 +67,57 @@ TEST(Workflow, StoreClearRecall) {
     EXPECT_TRUE(rig.takeQueued().empty());
 }
 
+// The title's mark: an edit, a STORE or a reply that changes the working copy counts until
+// SAVE or OPEN; a camera or scene shown again without a change does not.
+TEST(Workflow, ModifiedUntilSavedOrOpened) {
+    Studio rig;
+    Station& s = rig.s;
+    EXPECT_FALSE(s.setupFile.modified());
+    s.form1.Option9.click(2);  // selecting loads the stored scene: nothing new
+    EXPECT_FALSE(s.setupFile.modified());
+
+    const int bar = val(rig.field(mBar, 2)) == 0 ? 1 : 0;
+    s.form1.OptBar.click(bar);
+    EXPECT_TRUE(s.setupFile.modified());
+    s.form1.OptBar.click(1 - bar);  // back as stored
+    EXPECT_FALSE(s.setupFile.modified());
+
+    // STORE into the scene shown: the working copy matches it again, the scene changed.
+    s.form1.OptBar.click(bar);
+    s.form1.ScnStore.setValue(1);
+    s.form1.Option7.click(s.shared.ScnNo(2));
+    EXPECT_TRUE(rig.workingCopyIs(2, s.shared.ScnNo(2)));
+    EXPECT_TRUE(s.setupFile.modified());
+
+    const auto file = rig.folder.path() / "day.csd";
+    rig.dialogs.saveAnswer = file.string();
+    s.SAVE_AS_Click();
+    ASSERT_TRUE(std::filesystem::exists(file));
+    EXPECT_FALSE(s.setupFile.modified());
+
+    // A camera's reply fills the working copy: lost by a quit unless stored, so marked.
+    rig.run(200);
+    rig.port.arrive(testing::reply(bar == 1 ? "220800" : "220801"));
+    rig.run(200);
+    EXPECT_EQ(rig.field(mBar, 2), std::to_string(1 - bar));
+    EXPECT_TRUE(s.setupFile.modified());
+    s.SAVE_Click();  // to the same file, without a dialog
+    EXPECT_FALSE(s.setupFile.modified());
+
+    // OPEN throws the edits away; a cancelled OPEN with no file read keeps the mark.
+    s.form1.OptBar.click(bar);
+    rig.open(file);
+    EXPECT_FALSE(s.setupFile.modified());
+    EXPECT_EQ(rig.field(mBar, 2, s.shared.ScnNo(2)), std::to_string(bar));
+
+    StationRig fresh;
+    fresh.station.form1.OptBar.click(1);
+    EXPECT_TRUE(fresh.station.setupFile.modified());
+    fresh.dialogs.openAnswer.reset();
+    fresh.station.OPEN_Click();
+    EXPECT_TRUE(fresh.station.setupFile.modified());
+}
+
 TEST(Workflow, CopySameTypeOnly) {
     Studio rig;
     Station& s = rig.s;

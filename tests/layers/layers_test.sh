@@ -19,8 +19,8 @@ declare -A allowed=(
   [funcedit]="common link camtype"
   [scenes]="common link camtype panel funcedit"
   [app]="common link line camtype setupfile panel autosetup funcedit scenes"
-  [remote]="common app"
-  [ctl]="common link app remote platform setupfile sim"
+  [remote]="common link app"
+  [ctl]="common link camtype app remote platform setupfile sim"
   [sim]="common"
 )
 

@@ -60,6 +60,19 @@ private slots:
         QTest::keyClick(&values, Qt::Key_Return);
         QCOMPARE(rig.takeQueued(), Commands{"30550400"});
 
+        // Enter in the search chooses the first match; with no match it sends nothing.
+        auto& search = rig.widget<QLineEdit>(window, "List3.search");
+        search.setFocus();
+        QTest::keyClicks(&search, "61.2");
+        QTest::keyClick(&search, Qt::Key_Return);
+        QCOMPARE(rig.takeQueued(), Commands{"30550003"});
+        QCOMPARE(values.currentItem(), found);
+        search.clear();
+        QTest::keyClicks(&search, "no such speed");
+        QTest::keyClick(&search, Qt::Key_Return);
+        QVERIFY(rig.takeQueued().empty());
+        search.clear();
+
         // An analog item: the hex box takes the value on Enter.
         functions.setCurrentRow(0);  // "Gamma"
         items.setCurrentRow(1);      // "Gamma Level"

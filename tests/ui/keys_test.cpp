@@ -1,12 +1,19 @@
 // The keyboard works the main window through the same model calls as the mouse.
 #include <QAction>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QtTest>
 
+#include "tests/ui/menu_walk.hpp"
 #include "tests/ui/view_rig.hpp"
+#include "ui/windows/camera_set_window.hpp"
+#include "ui/windows/console_window.hpp"
 #include "ui/windows/function_window.hpp"
+#include "ui/windows/line_log_window.hpp"
+#include "ui/widgets/focus_mark.hpp"
 #include "ui/widgets/level_bar.hpp"
 
 using namespace station;
@@ -80,6 +87,34 @@ private slots:
         QVERIFY(rig.ended);
     }
 
+    void everyAltKeyIsUniqueAndAltCOpensTheCameraMenu() {
+        ViewRig rig;
+        rig.openStudio();
+        showActive(rig);
+        QMenuBar& bar = *rig.view->mainWindow().menuBar();
+        const QStringList clashes = mnemonicClashes(bar);
+        QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
+
+        // "Camera to PC" replaces the working copy: no Alt key reaches it.
+        QAction* read = rig.view->mainWindow().menus().action(QStringLiteral("Camera to PC"));
+        QVERIFY(read != nullptr);
+        QVERIFY(QKeySequence::mnemonic(read->text()).isEmpty());
+
+        QMenu* cameraMenu = nullptr;
+        for (QAction* a : bar.actions())
+            if (a->menu() != nullptr && a->text() == QStringLiteral("&Camera")) cameraMenu = a->menu();
+        QVERIFY(cameraMenu != nullptr);
+        QSignalSpy opened(cameraMenu, &QMenu::aboutToShow);
+        QSignalSpy readRan(read, &QAction::triggered);
+        rig.station.stores.MainScnData(2, 1, 0) = "1";  // an edited working copy
+        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_C, Qt::AltModifier);
+        QTRY_COMPARE(opened.count(), 1);
+        cameraMenu->close();
+        QCOMPARE(readRan.count(), 0);
+        QVERIFY(rig.takeQueued().empty());  // no read requests went out
+        QCOMPARE(rig.station.stores.MainScnData(2, 1, 0), std::string("1"));
+    }
+
     void arrowsStepALevelAndPageKeysMoveTen() {
         ViewRig rig;
         showActive(rig);
@@ -134,6 +169,91 @@ private slots:
         QCOMPARE(rig.station.form1.Option7.selected(), 1);
         QTest::keyClick(&scene2, Qt::Key_Space);
         QCOMPARE(rig.station.form1.Option7.selected(), 2);
+    }
+
+    void theFocusedControlIsMarked() {
+        ViewRig rig;
+        rig.openStudio();
+        showActive(rig);
+        QWidget& window = rig.view->mainWindow();
+        auto* mark = window.findChild<ui::FocusMark*>(QStringLiteral("focusMark"));
+        QVERIFY(mark != nullptr);
+        for (const char* name : {"VrMblk.bar", "OptBar(0)", "Option7(1)"}) {
+            auto& control = rig.main(name);
+            control.setFocus(Qt::TabFocusReason);
+            QVERIFY2(mark->isVisible() && mark->marked() == &control, name);
+            const QRect around(mark->mapTo(&window, QPoint(0, 0)), mark->size());
+            QVERIFY2(around.contains(QRect(control.mapTo(&window, QPoint(0, 0)), control.size())), name);
+            QVERIFY2(around.width() < control.width() + 8, name);  // a frame round it, not a box over the panel
+        }
+        auto& bar = rig.main("VrMblk.bar");
+        bar.setFocus(Qt::TabFocusReason);
+        bar.hide();  // a hidden control leaves no mark behind
+        QVERIFY(mark->marked() != &bar);
+        QVERIFY(!mark->isVisible() || mark->marked() != nullptr);
+    }
+
+    void gainArrowsGreyAtTheirLimits() {
+        ViewRig rig;
+        rig.openStudio();  // camera 1 is ST1
+        showActive(rig);
+        QWidget& spin = rig.main("SpinButton1(1)");  // MID
+        auto& up = *spin.findChild<QAbstractButton*>(QStringLiteral("up"));
+        auto& down = *spin.findChild<QAbstractButton*>(QStringLiteral("down"));
+        // Down to the bottom: each press sends until the arrow greys; then up greys at the top.
+        int presses = 0;
+        while (down.isEnabled() && presses < 64) {
+            QTest::mouseClick(&down, Qt::LeftButton);
+            ++presses;
+        }
+        QVERIFY(!down.isEnabled());
+        QVERIFY(up.isEnabled());
+        rig.takeQueued();
+        QTest::mouseClick(&down, Qt::LeftButton);  // greyed: nothing happens
+        QVERIFY(rig.takeQueued().empty());
+        presses = 0;
+        while (up.isEnabled() && presses < 64) {
+            QTest::mouseClick(&up, Qt::LeftButton);
+            ++presses;
+        }
+        QVERIFY(!up.isEnabled() && down.isEnabled());
+        QVERIFY(presses >= 2);
+        QCOMPARE(static_cast<int>(rig.takeQueued().size()), presses);
+    }
+
+    void escClosesEverySatelliteWindow() {
+        ViewRig rig;
+        rig.openStudio();
+        showActive(rig);
+        rig.view->forward([&rig] {
+            rig.station.form2.form.Show();
+            rig.station.form4.form.Show();
+            rig.station.console.form.Show();
+            rig.station.line.window.Show();
+        });
+        const std::string before = rig.station.shared.cams.CamType(1);
+        QWidget* windows[] = {&rig.view->functionWindow(), &rig.view->cameraSetWindow(), &rig.view->consoleWindow(),
+                              &rig.view->lineLogWindow()};
+        for (QWidget* w : windows) {
+            QVERIFY2(w->isVisible(), qPrintable(w->objectName()));
+            QTest::keyClick(w, Qt::Key_Escape);
+            QVERIFY2(!w->isVisible(), qPrintable(w->objectName()));
+        }
+        QVERIFY(!rig.station.form2.form.Visible && !rig.station.form4.form.Visible);
+        QCOMPARE(rig.station.shared.cams.CamType(1), before);  // Esc only closes: no "OK"
+        QVERIFY(rig.takeQueued().empty());
+    }
+
+    void theTitleMarksChangesNotSaved() {
+        ViewRig rig;
+        rig.openStudio();
+        QWidget& window = rig.view->mainWindow();
+        const QString title = QStringLiteral("studio.csd - Camera Control");
+        QCOMPARE(window.windowTitle(), title);
+        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(1)"), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), QStringLiteral("*") + title);
+        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(0)"), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), title);
     }
 
     void satelliteWindowsStayAboveTheMainWindow() {

@@ -4,6 +4,7 @@
 #include <QSettings>
 #include <QStatusBar>
 #include <QTemporaryDir>
+#include <QScreen>
 #include <QtTest>
 
 #include <fstream>
@@ -13,6 +14,7 @@
 #include "tests/support/fake_port.hpp"
 #include "ui/main/main_window.hpp"
 #include "ui/start/remembered_session.hpp"
+#include "ui/windows/function_window.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -75,6 +77,56 @@ private slots:
         StationView again(station, modal);
         const RememberedSession restored(remembered, again, station, dialogs, writer);
         QCOMPARE(again.mainWindow().geometry(), place);
+    }
+
+    void satellitesOpenBesideTheMainWindowAndKeepTheirPlacePerScreenSize() {
+        // Beside the main window where the screen has room, else in the farthest corner.
+        const struct {
+            QRect screen, main;
+            QPoint at;
+        } table[] = {
+            {{0, 0, 1920, 1080}, {0, 0, 1180, 660}, {1184, 0}},       // right
+            {{0, 0, 1920, 1080}, {700, 100, 1180, 660}, {76, 100}},   // left
+            {{0, 0, 1280, 1080}, {0, 0, 1180, 600}, {0, 604}},        // below
+            {{0, 0, 1280, 1080}, {0, 460, 1180, 600}, {0, 96}},       // above
+            {{0, 0, 1280, 720}, {0, 0, 1180, 660}, {660, 360}},       // no room: far corner
+            {{0, 0, 1280, 720}, {100, 60, 1180, 660}, {0, 0}},
+            {{1920, 0, 1920, 1080}, {1920, 0, 1180, 660}, {3104, 0}},  // a second screen
+        };
+        for (const auto& row : table) {
+            const QPoint at = placeBeside(row.main, QSize(620, 360), row.screen);
+            QCOMPARE(at, row.at);
+            QVERIFY(row.screen.contains(QRect(at, QSize(620, 360))));
+        }
+
+        QTemporaryDir dir;
+        QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
+        RememberedSettings remembered(qs);
+        testing::FakePort port;
+        testing::FakeMessages messages;
+        testing::FakeDialogs plain;
+        PresetDialogs dialogs(plain);
+        DiskWriter writer;
+        ModalPause modal;
+        Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
+        QPoint left;
+        QSize screen;
+        {
+            StationView view(station, modal);
+            station.Form_Load();
+            const RememberedSession session(remembered, view, station, dialogs, writer);
+            screen = view.mainWindow().screen()->availableGeometry().size();
+            view.forward([&station] { station.form2.form.Show(); });
+            view.functionWindow().move(30, 40);
+            left = view.functionWindow().pos();
+            view.forward([&station] { station.form2.form.Hide(); });
+        }
+        QVERIFY(!remembered.windowPlace(placeKey(QStringLiteral("Form2"), screen)).isEmpty());
+        QVERIFY(remembered.windowPlace(placeKey(QStringLiteral("Form2"), screen + QSize(1, 1))).isEmpty());
+        StationView again(station, modal);
+        const RememberedSession restored(remembered, again, station, dialogs, writer);
+        again.forward([&station] { station.form2.form.Show(); });
+        QCOMPARE(again.functionWindow().pos(), left);  // where it was left, not placed afresh
     }
 };
 

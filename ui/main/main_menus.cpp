@@ -48,7 +48,9 @@ MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : 
     entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });
 
     entry(&bar, QStringLiteral("&PC to Camera"), forward, [s] { s->pages.SEND_Click(); });
-    entry(&bar, QStringLiteral("&Camera to PC"), forward, [s] { s->pages.READ_Click(); });
+    // No mnemonic: it replaces the working copy with the camera's values, so no slip of
+    // Alt+letter may run it (Alt+C opens the "&Camera" menu). F10 and the arrows reach it.
+    entry(&bar, QStringLiteral("Camera to PC"), forward, [s] { s->pages.READ_Click(); });
 
     QMenu* help = bar.addMenu(QStringLiteral("&Help"));
     version_ = entry(help, QString(), forward, [s] { s->HELP_Click(); });

@@ -1,7 +1,7 @@
 #pragma once
 // The main window's menu bar: "&File", "&Setup" with its ticks, the page transfers
-// "&PC to Camera" and "&Camera to PC", and "&Help" with the version box and the command
-// console.
+// "&PC to Camera" and "Camera to PC" (no Alt key of its own), and "&Help" with the version
+// box and the command console.
 
 #include <QString>
 

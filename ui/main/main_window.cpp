@@ -16,6 +16,7 @@
 #include "ui/panel/monitor_view.hpp"
 #include "ui/panel/scene_view.hpp"
 #include "ui/panel/transfer_view.hpp"
+#include "ui/widgets/focus_mark.hpp"
 
 namespace station::ui {
 
@@ -47,6 +48,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
     column->addLayout(middle, 1);
     column->addWidget(monitor_);
     setCentralWidget(central);
+    new FocusMark(*central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
     keys_ = std::make_unique<MainKeys>(station.form1, forward_, *this, *menus_);
@@ -64,7 +66,9 @@ MainWindow::MainWindow(Station& station, Forward forward)
 MainWindow::~MainWindow() = default;
 
 void MainWindow::render() {
-    showWindow(*this, station_.form1.form);
+    // "*" before the title while the settings hold changes not saved: quitting does not
+    // ask, so the title is the operator's warning.
+    showWindow(*this, station_.form1.form, station_.setupFile.modified() ? QStringLiteral("*") : QString());
     cameras_->render();
     scenes_->render();
     transfer_->render();

@@ -9,8 +9,10 @@
 
 namespace station::ui {
 
-StationView::StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll)
-    : station_(station), modal_(modal), timers_(station, [this] { afterTick(); }, std::move(beforePoll)) {
+StationView::StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll,
+                         std::function<bool()> lineBusy)
+    : station_(station), modal_(modal),
+      timers_(station, [this] { afterTick(); }, std::move(beforePoll), std::move(lineBusy)) {
     const Forward forward = [this](const Gesture& gesture) { this->forward(gesture); };
     main_ = std::make_unique<MainWindow>(station, forward);
     cameraSet_ = std::make_unique<CameraSetWindow>(station, forward, main_.get());

@@ -28,8 +28,10 @@ class LineLogWindow;
 
 class StationView {
 public:
-    // `beforePoll` runs before each 40 ms poll (the built-in camera line catches up).
-    StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll = {});
+    // `beforePoll` runs before each 40 ms poll (the built-in camera line catches up);
+    // `lineBusy` lets the poll sleep while no byte waits or travels (see StationTimers).
+    StationView(Station& station, ModalPause& modal, std::function<void()> beforePoll = {},
+                std::function<bool()> lineBusy = {});
     ~StationView();
     StationView(const StationView&) = delete;
     StationView& operator=(const StationView&) = delete;

@@ -126,6 +126,12 @@ void ModeView::render() {
         const bool offered = availability::gainValue(panel_, i);
         QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
         if (spin.isEnabled() != offered) spin.setEnabled(offered);
+        // An arrow at its step's limit is greyed: a press there would change nothing.
+        for (const bool up : {true, false}) {
+            QWidget& arrow = *spin.findChild<QWidget*>(QString::fromLatin1(up ? "up" : "down"));
+            const bool can = panel_.canStepGain(i, up ? +1 : -1);
+            if (arrow.isEnabled() != can) arrow.setEnabled(can);
+        }
     }
     showFrame(*monitor_, form_.Frame12);
 }

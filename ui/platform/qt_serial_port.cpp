@@ -23,7 +23,14 @@ std::vector<std::string> fields(const std::string& text) {
 
 }  // namespace
 
-QtSerialPort::QtSerialPort(std::string portOneDevice) : device_(std::move(portOneDevice)) {}
+QtSerialPort::QtSerialPort(std::string portOneDevice) : device_(std::move(portOneDevice)) {
+    // The event loop takes bytes in as they come; the poll reads them on its next tick.
+    auto tell = [this] {
+        if (onActivity) onActivity();
+    };
+    QObject::connect(&port_, &QSerialPort::readyRead, tell);
+    QObject::connect(&port_, &QSerialPort::errorOccurred, tell);
+}
 
 QtSerialPort::Settings QtSerialPort::parse(const std::string& text) {
     const std::vector<std::string> f = fields(text);

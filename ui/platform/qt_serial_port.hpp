@@ -2,10 +2,12 @@
 // Serial port 1 on a real device through QSerialPort: a tty, a USB adapter, or the
 // pseudo-terminal that camera-sim serves. Raw bytes, no flow control; the settings text
 // ("9600,N,8,1") is applied at open and at once while the port is open. Reception is
-// polled: the bytes the event loop has taken in since the last poll are waiting.
+// polled: the bytes the event loop has taken in since the last poll are waiting, and
+// `onActivity` tells that some came (or the device failed), so a sleeping poll wakes.
 
 #include <QSerialPort>
 
+#include <functional>
 #include <string>
 
 #include "common/serial_port.hpp"
@@ -32,6 +34,8 @@ public:
     void write(const Bytes& data) override;
 
     const std::string& device() const { return device_; }
+
+    std::function<void()> onActivity;
 
 private:
     struct Settings {

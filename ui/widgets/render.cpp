@@ -98,9 +98,9 @@ void showList(QListWidget& widget, const ListBox& list) {
     widget.setEnabled(list.Enabled);
 }
 
-void showWindow(QWidget& widget, const FormWindow& form) {
+void showWindow(QWidget& widget, const FormWindow& form, const QString& mark) {
     // The main window's title names the open setup data file.
-    if (const QString title = fileText(form.Caption); widget.windowTitle() != title) widget.setWindowTitle(title);
+    if (const QString title = mark + fileText(form.Caption); widget.windowTitle() != title) widget.setWindowTitle(title);
     if (form.Visible && !widget.isVisible()) widget.show();
     if (!form.Visible && widget.isVisible()) widget.hide();
 }

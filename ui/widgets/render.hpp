@@ -55,7 +55,7 @@ void showCheck(QAbstractButton& widget, const CheckBox& box);
 void showText(QLineEdit& widget, const std::string& text);
 // The list's items and its selected entry (ListIndex, -1 for none).
 void showList(QListWidget& widget, const ListBox& list);
-// The window's caption, and shown or hidden as the model is.
-void showWindow(QWidget& widget, const FormWindow& form);
+// The window's caption, after `mark` when one is given, and shown or hidden as the model is.
+void showWindow(QWidget& widget, const FormWindow& form, const QString& mark = {});
 
 }  // namespace station::ui

@@ -67,6 +67,14 @@ FunctionWindow::FunctionWindow(Station& station, const Forward& forward, QWidget
     search_->setClearButtonEnabled(true);
     search_->setToolTip(QStringLiteral("Shows only the values whose name holds this text"));
     QObject::connect(search_, &QLineEdit::textChanged, [this] { applyFilter(); });
+    // Enter in the search chooses the first value that matches, as Enter on it would.
+    QObject::connect(search_, &QLineEdit::returnPressed, [f, forward, this] {
+        int row = 0;
+        while (row < values_->count() && values_->item(row)->isHidden()) ++row;
+        if (row >= values_->count() || !values_->isEnabled()) return;
+        values_->setCurrentRow(row);
+        forward([f, row] { f->List3.setListIndex(row); });
+    });
     values_->setObjectName(QStringLiteral("List3"));
     values_->setToolTip(QStringLiteral("Click a value, or press Enter on it, to send it to the camera"));
     // A value is chosen by a click or by Enter, not by moving through the list with the
