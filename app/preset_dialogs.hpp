@@ -19,6 +19,9 @@ namespace station {
 class PresetDialogs : public FileDialogs {
 public:
     explicit PresetDialogs(FileDialogs& dialogs) : dialogs_(dialogs) {}
+    // Not copied: "PresetDialogs b(a)" would copy a instead of wrapping it.
+    PresetDialogs(const PresetDialogs&) = delete;
+    PresetDialogs& operator=(const PresetDialogs&) = delete;
 
     void answerNextOpen(std::string path) { nextOpen_ = std::move(path); }
     void answerNextSave(std::string path) { nextSave_ = std::move(path); }

@@ -126,10 +126,11 @@ void Station::QUIT_Click() {
 }
 
 void Station::tellNotConnected() {
+    // A passing word, not a box: a box would stop the timers, and with them the retry, until
+    // someone at the screen dismissed it.
     std::string reason = line.reason();
     if (!reason.empty()) reason[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(reason[0])));
-    messages_.show(reason + "\rThe station works without the line and tries it again about once a second.",
-                   Icon::Exclamation);
+    notice.raise(reason + ": the station works without the line and tries it again about once a second");
 }
 
 void Station::choosePort(PortChoice choice) {

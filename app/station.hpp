@@ -73,7 +73,7 @@ public:
     void Speed_Click(int entry);
 
     // "Port" in "&Setup": the device of port 1, applied at once; a device that cannot be
-    // opened is told, and tried again about once a second.
+    // opened is told in a notice (never a box), and tried again about once a second.
     void choosePort(PortChoice choice);
     // The status bar: device, speed, "Ack On"/"Ack Off", camera ID, the line's state.
     std::string lineStatus() const;

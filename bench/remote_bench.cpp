@@ -66,8 +66,7 @@ struct Rig {
     PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
-    ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}}, [] {},
-                             [] { return false; }};
+    ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}}, [] {}};
     QTcpSocket client;
 };
 
@@ -145,8 +144,8 @@ struct LineRig {
     testing::StudioLineRig line{[this] {
         if (hook) hook->beforePoll();
     }};
-    ui::RemoteControl remote{line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}},
-                             [] {}, [] { return false; }};
+    ui::RemoteControl remote{line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}},
+                             [] {}};
     QTcpSocket client;
     QByteArray input;
     std::vector<QByteArray> events;  // pushed lines without "EV "

@@ -6,16 +6,23 @@ namespace station {
 
 void CameraAnswers::answered(int camera, Clock::time_point when) {
     if (!known(camera)) return;
-    cameras_[static_cast<std::size_t>(camera)] = {when, false};
+    cameras_[static_cast<std::size_t>(camera)] = {when, false, false};
 }
 
 void CameraAnswers::failed(int camera) {
-    if (known(camera)) cameras_[static_cast<std::size_t>(camera)].failed = true;
+    if (!known(camera)) return;
+    cameras_[static_cast<std::size_t>(camera)].failed = true;
+    cameras_[static_cast<std::size_t>(camera)].unknown = false;
+}
+
+void CameraAnswers::lineLost() {
+    for (Camera& c : cameras_) c.unknown = true;
 }
 
 Answer CameraAnswers::state(int camera, Clock::time_point now) const {
     if (!known(camera)) return Answer::NotHeard;
     const Camera& c = cameras_[static_cast<std::size_t>(camera)];
+    if (c.unknown) return Answer::Unknown;
     if (c.failed) return Answer::NotAnswering;
     if (!c.last) return Answer::NotHeard;
     return now - *c.last <= kRecent ? Answer::Answering : Answer::Quiet;
@@ -33,6 +40,7 @@ std::string answerText(int camera, Answer state, std::optional<CameraAnswers::Cl
     case Answer::Answering: text += ": answering"; break;
     case Answer::Quiet: text += ": no answer within the last minute"; break;
     case Answer::NotAnswering: text += ": not answering (No Acknowledge)"; break;
+    case Answer::Unknown: text += ": not known (the line was lost)"; break;
     }
     if (last) text += "\nLast answer " + clockText(*last);
     return text;

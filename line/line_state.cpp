@@ -39,7 +39,8 @@ bool LineState::open() {
     } catch (const std::exception& e) {
         // Each new reason is logged once; the same failure on every retry is not.
         const LineCondition held = condition_ == LineCondition::Lost ? LineCondition::Lost : LineCondition::NotConnected;
-        if (condition_ == LineCondition::Connected || reason_ != e.what()) note("Not connected: " + std::string(e.what()), {}, 0);
+        if (condition_ == LineCondition::Connected || reason_ != e.what())
+            note("Not connected: " + std::string(e.what()) + "; trying again about once a second", {}, 0);
         setCondition(held, e.what());
         return false;
     }
@@ -54,6 +55,7 @@ bool LineState::choose(PortChoice choice) {
     port_.close();
     choice_ = std::move(choice);
     everConnected_ = false;
+    answers.reset();  // what the old port's cameras said tells nothing of the new one's
     reason_.clear();  // a failure of the new device is logged even if the old one failed alike
     condition_ = LineCondition::NotConnected;
     if (switchPort) switchPort(choice_);
@@ -71,6 +73,7 @@ void LineState::retryTick() {
 void LineState::lost(const std::string& reason) {
     if (!connected()) return;
     port_.close();
+    answers.lineLost();
     note("Line lost: " + reason, {}, 0);
     setCondition(LineCondition::Lost, reason);
 }

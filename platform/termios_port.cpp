@@ -166,9 +166,11 @@ void TermiosPort::write(const Bytes& data) {
         } else if (n < 0 && errno == EINTR) {
             continue;
         } else if (n < 0 && errno == EAGAIN) {
-            // The output buffer is full: give the line a moment to drain, then give up.
+            // The output buffer is full: give the line a moment to drain. A frame cut short is
+            // a line fault, so that the station keeps it queued and sends it whole after the reopen.
             pollfd p{fd_, POLLOUT, 0};
-            if (::poll(&p, 1, 1000) <= 0) return;
+            if (::poll(&p, 1, static_cast<int>(writeWait.count())) <= 0)
+                lost("took " + std::to_string(done) + " of " + std::to_string(data.size()) + " bytes", 0);
         } else {
             lost("write failed", n < 0 ? errno : 0);
         }

@@ -6,6 +6,7 @@
 // Port 1 is the device given to the constructor (by default portOneDevice()); port n
 // above 1 is /dev/ttyS(n-1).
 
+#include <chrono>
 #include <string>
 
 #include "common/serial_port.hpp"
@@ -30,10 +31,11 @@ public:
     bool isOpen() const override { return fd_ >= 0; }
     int bytesWaiting() override;
     Bytes readAll() override;
-    // A device that hangs up or fails a read or write raises LineFault naming it.
-    // Bytes the device does not take within a second are lost (the station does not
-    // check its writes).
+    // A device that hangs up or fails a read or write raises LineFault naming it; so does
+    // one that does not take all the bytes within `writeWait`, so that no frame is lost
+    // half-written without the station knowing.
     void write(const Bytes& data) override;
+    std::chrono::milliseconds writeWait{1000};
 
     // The device the selected port stands for.
     std::string device() const;

@@ -1,5 +1,7 @@
 #include "remote/command_set.hpp"
 
+#include "common/runtime_error.hpp"
+
 namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
@@ -12,6 +14,18 @@ CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess ac
              for (const std::string& u : usage()) all += "\n" + u;
              return all + "\n";
          }});
+    add({"box", "box ok (closes the box on the operator's screen as its OK button does)", false, [this](Words& w) {
+             const std::string word = lower(w.take("ok"));
+             if (word != "ok") throw CommandError("box takes ok, not \"" + word + "\"");
+             w.end();
+             if (!box || !box() || !closeBox || !closeBox()) throw CommandError("no box is up");
+             return std::string();
+         }});
+    // Every surface hears when a box opens ("box <text>") and when it closes ("box closed").
+    watch([this](const StationReadout&, StateList& out) {
+        const auto text = box ? box() : std::nullopt;
+        out.push_back({"box", text ? *text : "closed"});
+    });
     addPanelCommands(*this);
     addFileCommands(*this);
     addLineState(*this);
@@ -35,12 +49,41 @@ std::vector<std::string> CommandSet::usage() const {
     return out;
 }
 
+namespace {
+
+// Marks a command as running for as long as it runs, however it ends.
+class Running {
+public:
+    explicit Running(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Running() { flag_ = false; }
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+private:
+    bool& flag_;
+};
+
+// What the station would have told in boxes, as one reply line.
+std::string toldText(const std::vector<std::string>& told) {
+    std::string text;
+    for (const std::string& t : told) text += (text.empty() ? "" : "; ") + t;
+    for (char& ch : text)
+        if (ch == '\r' || ch == '\n') ch = ' ';
+    return text;
+}
+
+}  // namespace
+
 std::string CommandSet::execute(std::string_view line) {
     while (!line.empty() && (line.back() == '\r' || line.back() == '\n')) line.remove_suffix(1);
     if (line.find_first_not_of(" \t") == std::string_view::npos) return {};
-    if (running_ || (busy && busy())) return "ERR busy: the station is showing a message, try again";
+    // Only a command that waits inside itself lets another in; the second is not carried out.
+    if (running_) return "ERR busy: another command is still running, try again";
     if (const auto problem = lineProblem(line)) return "ERR " + *problem;
-    running_ = true;
+    const Running running(running_);
+    // What the station would tell in a box while this command runs is its reply instead.
+    std::optional<HeldMessages::Hold> hold;
+    if (held != nullptr) hold.emplace(*held);
     std::string reply;
     try {
         Words words(splitWords(line));
@@ -48,8 +91,18 @@ std::string CommandSet::execute(std::string_view line) {
         reply = value.empty() ? "OK" : value.front() == '\n' ? "OK" + value : "OK " + value;
     } catch (const CommandError& e) {
         reply = std::string("ERR ") + e.what();
+    } catch (const RuntimeError& e) {
+        reply = "ERR " + runtimeErrorText(e);
+    } catch (const std::exception& e) {
+        reply = std::string("ERR internal error: ") + e.what();
+    } catch (...) {
+        reply = "ERR internal error";
     }
-    running_ = false;
+    // The station's own words say best what went wrong.
+    if (hold) {
+        const std::vector<std::string> told = hold->take();
+        if (!told.empty()) reply = "ERR " + toldText(told);
+    }
     return reply;
 }
 
@@ -59,6 +112,7 @@ std::string CommandSet::run(Words& words) {
     if (found == commands_.end()) throw CommandError("unknown command \"" + words.peek() + "\" (help lists them)");
     const Command& command = found->second;
     if (command.acts) {
+        if (const auto text = box ? box() : std::nullopt) throw CommandError("box: " + *text);
         if (readout().ended()) throw CommandError("the station has ended");
         const int waiting = readout().queued();
         if (waiting > access_.queueLimit)

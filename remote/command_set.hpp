@@ -24,6 +24,7 @@
 #include "app/actions.hpp"
 #include "app/preset_dialogs.hpp"
 #include "remote/command_words.hpp"
+#include "remote/held_messages.hpp"
 #include "remote/fader_pacer.hpp"
 #include "remote/sent_frames.hpp"
 #include "remote/station_state.hpp"
@@ -58,7 +59,9 @@ public:
     CommandSet(const CommandSet&) = delete;
     CommandSet& operator=(const CommandSet&) = delete;
 
-    // Carries out one line; the reply, "OK..." or "ERR ...". A blank line gets "" (no reply).
+    // Carries out one line; the reply, "OK..." or "ERR ...", whatever is raised inside the
+    // command (a run-time error is answered with its number and text). A blank line gets ""
+    // (no reply).
     std::string execute(std::string_view line);
 
     // What surfaces show that changed since the last call; a camera's echo of an older value
@@ -85,8 +88,14 @@ public:
     std::string perform(const ActionResult& result);
     // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
-    // True while something must not be interrupted (a message box is up): commands wait.
-    std::function<bool()> busy;
+    // The text of the box up on the operator's screen, if any. While one is up the commands
+    // that only read are answered as usual and every other gets "ERR box: <text>"; "box ok"
+    // closes it through `closeBox`, as its OK button does. Unset: there are no boxes.
+    std::function<std::optional<std::string>()> box;
+    std::function<bool()> closeBox;
+    // The station's messages, held back while a command runs so that a failure it causes is
+    // the client's ERR reply and never a box on the operator's screen; none: shown as usual.
+    HeldMessages* held = nullptr;
 
     // Carries out `act` with the newest value a surface gave `control` (a level, a function
     // level), at most one of its frames waiting in the queue to be sent (fader_pacer.hpp).

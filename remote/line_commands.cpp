@@ -11,6 +11,7 @@ std::string answerWords(Answer state) {
     case Answer::Answering: return "answering";
     case Answer::Quiet: return "quiet";
     case Answer::NotAnswering: return "not answering";
+    case Answer::Unknown: return "unknown";
     case Answer::NotHeard: break;
     }
     return "not heard";

@@ -19,6 +19,7 @@
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
 #include "ui/main/main_window.hpp"
+#include "ui/platform/end_signals.hpp"
 #include "ui/platform/modal_pause.hpp"
 #include "ui/start/program_options.hpp"
 #include "ui/platform/qt_file_dialogs.hpp"
@@ -76,10 +77,11 @@ int main(int argc, char** argv) {
     const PortChoice choice = startPort(options, std::getenv("CORVANE_PORT"), rememberedPort());
 
     ModalPause modal;
-    QtMessages messages(modal);
+    QtMessages screen(modal);
+    remote::HeldMessages messages(screen);  // a remote command's failure is its client's, not a box
     QtFileDialogs qtDialogs(modal);
+    // Start-up (the sample studio, the last file) and remote file commands name their file here.
     PresetDialogs dialogs(qtDialogs);
-    PresetDialogs remoteDialogs(dialogs);  // remote file commands name their file here
     DiskWriter writer;
 
     // Port 1 is whatever the operator chooses: a serial device, or the built-in line of
@@ -112,7 +114,7 @@ int main(int argc, char** argv) {
     else
         std::cerr << "corvane-station: serial port 1 is " << choice.device << "\n";
 
-    Station station({port, messages, remoteDialogs, writer, definitions});
+    Station station({port, messages, dialogs, writer, definitions});
     station.line.name(choice);
     station.line.switchPort = switchPort;
     station.line.remember = rememberPort;
@@ -141,6 +143,8 @@ int main(int argc, char** argv) {
         ~Unwake() { wake = nullptr; }
     } const unwake{wakePoll};
     view.onEnded = [] { QCoreApplication::quit(); };
+    // Ended from outside: the same shutdown as "&Quit", so that the port and its lock go.
+    const EndSignals endSignals([&view, &station] { view.forward([&station] { station.QUIT_Click(); }); });
 
     try {
         station.Form_Load();
@@ -152,17 +156,26 @@ int main(int argc, char** argv) {
     if (line && choice.simulated && station.line.connected()) openStudio(station, dialogs, studio);
     // Only now, so that the sample studio does not join the recent files.
     const RememberedSession session(remembered, view, station, dialogs, writer);
+    // The session comes back: the setup file last opened or saved, through OPEN as the
+    // operator would open it (a file that is gone is told and taken off the list).
+    if (const auto last = remembered.lastFile(); last && !options.noRestore)
+        if (!openNamedFile(station, dialogs, *last)) remembered.forgetFile(*last);
     view.refresh();
     if (station.ended()) return 0;
 
-    // Without remote-control options the station comes up as the operator last left it.
-    if (!options.remote.enabled) remoteSettings = rememberedRemote(settings, remoteSettings);
-    RemoteControl remote(station, remoteDialogs, remoteSettings, [&view] { view.refresh(); },
-                         [&modal] { return modal.depth > 0; });
+    // Without remote-control options (and unless told to start clean) the station comes up
+    // as the operator last left it.
+    if (!options.remote.enabled && !options.noRestore) remoteSettings = rememberedRemote(settings, remoteSettings);
+    RemoteControl remote(station, dialogs, remoteSettings, [&view] { view.refresh(); },
+                         {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &messages});
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
+    // On by the command line is on, too: the next start without options comes back to it.
+    else if (options.remote.enabled) rememberRemote(settings, remote.settings(), true);
     remoteBeforePoll = [&remote] { remote.beforePoll(); };
     installRemoteMenu(view.mainWindow(), remote,
                       [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); });
-    return app.exec();
+    const int status = app.exec();
+    port.close();  // released now, its lock file with it, whatever ended the program
+    return status;
 }

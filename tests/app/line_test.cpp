@@ -23,8 +23,10 @@ TEST(Line, StartsWithoutDevice) {
     LineRig r(false);
     r.station.line.name({"/dev/ttyUSB7", false});
     r.start();
-    ASSERT_EQ(r.messages.shown.size(), 1u);
-    EXPECT_EQ(r.messages.shown[0].text.rfind("Port not available\r", 0), 0u);
+    // No box: it would stand the timers still, and with them the retry, until someone came.
+    EXPECT_TRUE(r.messages.shown.empty());
+    EXPECT_EQ(r.station.notice.last(),
+              "Port not available: the station works without the line and tries it again about once a second");
 
     // Commands queue; nothing is written and no time-out counts while there is no line.
     r.station.link.SendCmd("30187F00");
@@ -32,13 +34,20 @@ TEST(Line, StartsWithoutDevice) {
     r.run(3000);
     EXPECT_EQ(r.port.opens, 1 + 3);  // tried again about once a second
     EXPECT_TRUE(r.port.writes.empty());
-    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Not connected: port not available"}));  // once
+    EXPECT_EQ(r.logged(), (std::vector<std::string>{"Not connected: port not available; trying again about once a second"}));  // once
 
     r.port.failOpen = false;
     r.run(1000);
     EXPECT_EQ(r.station.lineStatus(), "/dev/ttyUSB7  |  9600bps  |  Ack On  |  Camera ID off  |  connected");
     r.run(600);  // the handshake's start-up wait, then the head goes out
     EXPECT_EQ(r.port.takeWritten(), wire("02 04 30 18 7F 00 34 FF"));
+    EXPECT_TRUE(r.messages.shown.empty());
+
+    // A device the operator chooses that is not there either: told the same way.
+    r.port.failOpen = true;
+    r.station.choosePort({"/dev/ttyUSB9", false});
+    EXPECT_TRUE(r.messages.shown.empty());
+    EXPECT_EQ(r.station.notice.last().rfind("Port not available: ", 0), 0u);
 }
 
 TEST(Line, LostHoldsEverything) {
@@ -62,6 +71,27 @@ TEST(Line, LostHoldsEverything) {
     r.port.arrive(wire("00 00 BC FF"));  // completes the kept half reply
     r.run(80);
     EXPECT_EQ(r.port.takeWritten(), wire("06"));
+}
+
+TEST(Line, WriteFaultKeepsTheFrame) {
+    LineRig r;
+    r.start();
+    r.run(600);
+    r.station.ACK_Click(1);  // Ack Off: a frame leaves the queue once written
+    r.station.link.SendCmd("30187F00");
+    r.station.link.SendCmd("30190100");
+    r.port.hungUp = true;  // the write is refused (or cut short)
+    r.run(40);
+    EXPECT_EQ(r.station.line.condition(), LineCondition::Lost);
+    EXPECT_EQ(r.logged().front(), "Line lost: fake: write failed");
+    EXPECT_EQ(r.station.link.queue().SendCnt(), 2);
+    r.port.hungUp = false;
+    r.run(1100);
+    ASSERT_EQ(r.port.writes.size(), 2u);  // both, in order, once each
+    EXPECT_EQ(Bytes(r.port.writes[0].begin(), r.port.writes[0].begin() + 5), wire("06 02 04 30 18"));
+    EXPECT_EQ(Bytes(r.port.writes[1].begin(), r.port.writes[1].begin() + 5), wire("06 02 04 30 19"));
+    EXPECT_EQ(r.station.link.queue().SendCnt(), 0);
+    EXPECT_TRUE(r.messages.shown.empty());
 }
 
 TEST(Line, AnswersAndLog) {
@@ -94,6 +124,39 @@ TEST(Line, AnswersAndLog) {
     const auto& log = r.station.line.log.entries();
     EXPECT_EQ(LineLog::line(log.at(0)), log.at(0).time + "  CAM3  Auto setup 20 NG : LOW LIGHT");
     EXPECT_EQ(LineLog::line(log.at(1)), log.at(1).time + "  CAM2 (AB2)  No Acknowledge  [02 04 30 18 7F 00 34 FF]");
+}
+
+TEST(Line, MarksAfterLossAndPortChange) {
+    LineRig r;
+    r.start();
+    r.run(600);
+    const auto state = [&](int camera) { return r.station.line.answers.state(camera, r.clock); };
+    r.station.link.SendCmd("30187F00");  // camera 1 acknowledges
+    r.run(40);
+    r.port.arrive(wire("06"));
+    r.run(40);
+    r.station.shared.CamNo = 2;  // camera 2 stays silent
+    r.station.link.SendCmd("30187F00");
+    r.run(1200);
+    ASSERT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::NotAnswering}));
+
+    r.port.hungUp = true;
+    r.run(40);
+    EXPECT_EQ((std::vector{state(1), state(2), state(3)}), (std::vector{Answer::Unknown, Answer::Unknown, Answer::Unknown}));
+    r.port.hungUp = false;
+    r.run(1000);  // back, but nobody has answered on it yet
+    ASSERT_TRUE(r.station.line.connected());
+    EXPECT_EQ(state(1), Answer::Unknown);
+    r.station.shared.CamNo = 1;
+    r.station.link.SendCmd("30187F00");
+    r.run(40);
+    r.port.arrive(wire("06"));
+    r.run(40);
+    EXPECT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::Unknown}));
+
+    r.station.choosePort({"/dev/ttyUSB3", false});  // another line: nothing heard on it yet
+    EXPECT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::NotHeard, Answer::NotHeard}));
+    EXPECT_FALSE(r.station.line.answers.lastAnswer(1).has_value());
 }
 
 TEST(Line, FaultLineClears) {

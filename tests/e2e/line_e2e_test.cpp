@@ -12,7 +12,9 @@
 
 #include "app/station.hpp"
 #include "common/hex.hpp"
+#include "common/line_fault.hpp"
 #include "platform/termios_port.hpp"
+#include "tests/e2e/pty_camera.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -23,40 +25,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 namespace fs = std::filesystem;
-
-// A camera on a fresh pseudo-terminal reached through `link`: it acknowledges every frame
-// and records its data bytes as hex text. Gone (hung up, path removed) when destroyed.
-class PtyCamera {
-public:
-    explicit PtyCamera(fs::path link) : link_(std::move(link)) {
-        master_ = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-        std::array<char, 128> name{};
-        EXPECT_TRUE(master_ >= 0 && ::grantpt(master_) == 0 && ::unlockpt(master_) == 0 &&
-                    ::ptsname_r(master_, name.data(), name.size()) == 0);
-        fs::create_symlink(name.data(), link_);
-    }
-    ~PtyCamera() {
-        ::close(master_);
-        fs::remove(link_);
-    }
-    void serve(std::vector<std::string>& frames) {
-        std::array<std::uint8_t, 512> buf{};
-        for (ssize_t n; (n = ::read(master_, buf.data(), buf.size())) > 0;) in_.insert(in_.end(), buf.begin(), buf.begin() + n);
-        while (!in_.empty() && (in_[0] != 0x02 || (in_.size() >= 2 && in_.size() >= in_[1] + 4u))) {
-            const std::size_t n = in_[0] == 0x02 ? in_[1] + 4u : 1;
-            if (n > 1) {
-                frames.push_back(hexText(Bytes(in_.begin() + 2, in_.begin() + static_cast<std::ptrdiff_t>(n) - 2)));
-                EXPECT_EQ(::write(master_, "\x06", 1), 1);
-            }
-            in_.erase(in_.begin(), in_.begin() + static_cast<std::ptrdiff_t>(n));
-        }
-    }
-
-private:
-    fs::path link_;
-    int master_ = -1;
-    Bytes in_;
-};
+using testing::PtyCamera;
 
 TEST(LineOnPty, DeviceComesAndGoes) {
     const char* cyclesText = std::getenv("LINE_CYCLES");
@@ -98,8 +67,8 @@ TEST(LineOnPty, DeviceComesAndGoes) {
 
     station.line.name({device.string(), false});
     station.Form_Load();
-    ASSERT_EQ(messages.shown.size(), 1u);  // told once that the device is not there
-    EXPECT_NE(messages.shown[0].text.find(device.string()), std::string::npos);
+    EXPECT_TRUE(messages.shown.empty());  // told in a notice, not a box that would stop the retry
+    EXPECT_NE(station.notice.last().find(device.string()), std::string::npos);
     station.Speed_Click(1);
     queue(5);
     EXPECT_FALSE(runUntil([&] { return station.line.connected(); }, 1500ms));
@@ -119,8 +88,28 @@ TEST(LineOnPty, DeviceComesAndGoes) {
         ASSERT_TRUE(runUntil([&] { return receivedOnce().size() == sent.size() && station.link.queue().SendCnt() == 0; }, 10s));
         ASSERT_EQ(receivedOnce(), sent) << cycle;
     }
-    EXPECT_EQ(messages.shown.size(), 1u);  // no "No Acknowledge" for frames that never left
+    EXPECT_TRUE(messages.shown.empty());  // no "No Acknowledge" for frames that never left
     EXPECT_EQ(station.BaudStr, "19200");
+}
+
+// A device that stops taking bytes (flow held, a wedged adapter) fails the write instead of
+// dropping the rest of the frame in silence.
+TEST(LineOnPty, BytesTheDeviceDoesNotTakeAreALineFault) {
+    const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
+    std::array<char, 128> name{};
+    ASSERT_TRUE(master >= 0 && ::grantpt(master) == 0 && ::unlockpt(master) == 0 &&
+                ::ptsname_r(master, name.data(), name.size()) == 0);
+    platform::TermiosPort port(name.data());
+    port.writeWait = 50ms;
+    port.open();
+    port.write(Bytes{0x02, 0x02, 0x40, 0x10, 0xAD, 0xFF});  // a frame the line takes
+    try {
+        port.write(Bytes(1 << 20, 0x55));  // far more than the terminal buffers, never read
+        ADD_FAILURE() << "no line fault";
+    } catch (const LineFault& fault) {
+        EXPECT_NE(std::string(fault.what()).find(" of 1048576 bytes"), std::string::npos) << fault.what();
+    }
+    ::close(master);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "common/runtime_error.hpp"
 #include "remote/command_words.hpp"
 #include "tests/remote/remote_rig.hpp"
 
@@ -327,9 +328,11 @@ TEST(Remote, SaveRefusesLinks) {
     const auto other = rig.folder.write("other.csd", "other");
     fs::remove(rig.folder / "show.csd");
     fs::create_symlink(other, rig.folder / "show.csd");
-    EXPECT_EQ(rig.commands.execute("save").rfind("ERR the file was not saved", 0), 0u);
-    ASSERT_EQ(rig.messages.shown.size(), 1u);
-    EXPECT_NE(rig.messages.shown[0].text.find("show.csd is a symbolic link"), std::string::npos);
+    // The station's words are the client's reply, not a box on the operator's screen.
+    const std::string reply = rig.commands.execute("save");
+    EXPECT_EQ(reply.rfind("ERR ", 0), 0u) << reply;
+    EXPECT_NE(reply.find("show.csd is a symbolic link"), std::string::npos) << reply;
+    EXPECT_TRUE(rig.messages.shown.empty());
     EXPECT_EQ(testing::readBytes(other), "other");
     EXPECT_EQ(testing::readBytes(victim), "outside");
 }
@@ -344,6 +347,55 @@ TEST(Remote, Utf8Lines) {
                             "\xF0\x80\x80\xAF", "\xF0\x8F\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80",
                             "\xE2\x82", "\xC3(", "\x80"})
         EXPECT_EQ(remote::lineProblem(std::string("open ") + bad), "not a text line (not UTF-8)") << bad;
+}
+
+// Whatever a command raises, it ends with an answer and the next command works.
+TEST(Remote, EveryCommandEndsAndTheNextWorks) {
+    RemoteRig rig;
+    rig.commands.add({"boom", "boom", true, [](remote::Words&) -> std::string { throw RuntimeError::subscriptOutOfRange(); }});
+    rig.commands.add({"crash", "crash", false, [](remote::Words&) { return std::string("short").substr(9); }});
+    EXPECT_EQ(rig.commands.execute("boom"), "ERR Run-time error 9: Subscript out of range");
+    EXPECT_EQ(rig.commands.execute("get camera"), "OK camera 1");
+    EXPECT_EQ(rig.commands.execute("crash").rfind("ERR internal error: ", 0), 0u);
+    EXPECT_EQ(rig.commands.execute("camera 2"), "OK");
+    EXPECT_EQ(rig.commands.execute("get camera"), "OK camera 2");
+}
+
+// A box on the operator's screen: reading goes on, acting is refused with the box's text,
+// every surface hears it open and close, and "box ok" closes it.
+TEST(Remote, WhileABoxIsUp) {
+    RemoteRig rig;
+    std::optional<std::string> box;
+    int closed = 0;
+    rig.commands.box = [&] { return box; };
+    rig.commands.closeBox = [&] {
+        ++closed;
+        box.reset();
+        return true;
+    };
+    EXPECT_EQ(rig.commands.execute("box ok"), "ERR no box is up");
+    box = "No Acknowledge";
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"box", "No Acknowledge"}}));
+    EXPECT_EQ(rig.commands.execute("get line"), "OK line connected");
+    EXPECT_EQ(rig.commands.execute("help").rfind("OK", 0), 0u);
+    for (const char* acting : {"camera 2", "level iris 5", "open studio.csd", "mode bar 1"})
+        EXPECT_EQ(rig.commands.execute(acting), "ERR box: No Acknowledge") << acting;
+    EXPECT_TRUE(rig.takeQueued().empty());
+    EXPECT_EQ(rig.commands.execute("box cancel"), "ERR box takes ok, not \"cancel\"");
+    EXPECT_EQ(rig.commands.execute("box ok"), "OK");
+    EXPECT_EQ(closed, 1);
+    EXPECT_EQ(rig.commands.changes(), (remote::StateList{{"box", "closed"}}));
+    EXPECT_EQ(rig.commands.execute("camera 2"), "OK");
+}
+
+// A failure a remote command causes is its client's reply; the operator's screen stays clear.
+TEST(Remote, FailureIsTheReplyNotABox) {
+    RemoteRig rig;
+    const std::string reply = rig.commands.execute("save \"no such folder/show.csd\"");
+    EXPECT_EQ(reply.rfind("ERR The setup data file could not be saved: ", 0), 0u) << reply;
+    EXPECT_TRUE(rig.messages.shown.empty());
+    rig.station.HELP_Click();  // the operator's own gesture still shows its box
+    EXPECT_EQ(rig.messages.shown.size(), 1u);
 }
 
 }  // namespace

@@ -19,6 +19,7 @@ struct RemoteRig {
         dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
         station.OPEN_Click();
         run(1000);  // both watches idle
+        commands.held = &held;
         commands.changes();
     }
 
@@ -36,11 +37,12 @@ struct RemoteRig {
 
     TempFolder folder;
     FakePort port;
-    FakeMessages messages;
+    FakeMessages messages;  // the operator's screen
+    remote::HeldMessages held{messages};
     FakeDialogs fake;
     PresetDialogs dialogs{fake};
     DiskWriter writer;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    Station station{{port, held, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {folder.path()}};
     long now = 0;
 };

@@ -2,6 +2,7 @@
 // serial port on a pseudo-terminal.
 #include <QApplication>
 #include <QMessageBox>
+#include <QSysInfo>
 #include <QTimer>
 #include <QtTest>
 
@@ -10,7 +11,11 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <sys/wait.h>
+
 #include <array>
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <memory>
 
@@ -20,6 +25,7 @@
 #include "ui/platform/qt_file_dialogs.hpp"
 #include "ui/platform/qt_messages.hpp"
 #include "ui/platform/qt_serial_port.hpp"
+#include "ui/platform/stale_lock.hpp"
 
 using namespace station;
 using namespace station::ui;
@@ -129,6 +135,46 @@ private slots:
         QTRY_COMPARE(port.bytesWaiting(), 4);
         QCOMPARE(port.readAll(), bytesOf({0x06, 0x00, 0x0D, 0x11}));  // raw: no line-end handling
         QCOMPARE(port.bytesWaiting(), 0);
+    }
+
+    void aLockWhoseProcessIsGoneDoesNotKeepThePortOut() {
+        const pid_t zombie = ::fork();  // ended, not yet reaped: the process id still exists
+        if (zombie == 0) ::_exit(0);
+        QTRY_VERIFY(lockIsStale(std::to_string(zombie)));
+        QVERIFY(lockIsStale("  " + std::to_string(zombie)));  // the blank-padded form
+        const pid_t alive = ::fork();  // the same program, running
+        if (alive == 0) {
+            ::pause();
+            ::_exit(0);
+        }
+        QVERIFY(!lockIsStale(std::to_string(alive)));
+        QVERIFY(lockIsStale(std::to_string(::getpid())));  // an earlier station's, with this one's id
+        QVERIFY(!lockIsStale("") && !lockIsStale("not a lock") && !lockIsStale("12ab"));
+
+        Pty pty;
+        const std::filesystem::path lock = lockFilesOf(pty.path).front();
+        // As the serial library writes them: process id, program, host.
+        const auto lockText = [](pid_t pid) {
+            return std::to_string(pid) + "\n" + QCoreApplication::applicationFilePath().toStdString() + "\n" +
+                   QSysInfo::machineHostName().toStdString() + "\n";
+        };
+        {
+            std::ofstream(lock) << lockText(alive);  // held by a station that runs
+            QtSerialPort busy(pty.path);
+            QVERIFY_THROWS_EXCEPTION(std::runtime_error, busy.open());
+            QVERIFY(std::filesystem::exists(lock));
+        }
+        ::kill(alive, SIGKILL);
+        ::waitpid(alive, nullptr, 0);
+        // Left by a station whose process id this one now has, as after a restart in a fresh
+        // container: the serial library takes it for this process's own lock.
+        std::ofstream(lock) << lockText(::getpid());
+        QtSerialPort port(pty.path);
+        port.open();
+        QVERIFY(port.isOpen());
+        port.close();
+        QVERIFY(!std::filesystem::exists(lock));  // and the station's own lock went with the port
+        ::waitpid(zombie, nullptr, 0);
     }
 
     void serialHangUp() {

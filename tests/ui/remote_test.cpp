@@ -7,6 +7,9 @@
 #include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QUdpSocket>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
 #include <QtTest>
 
 #include "remote/osc_codec.hpp"
@@ -14,6 +17,7 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/queued_commands.hpp"
+#include "ui/platform/qt_messages.hpp"
 #include "tests/support/studio_line_rig.hpp"
 #include "ui/remote/remembered_remote.hpp"
 #include "ui/remote/remote_control.hpp"
@@ -28,8 +32,8 @@ namespace {
 using station::testing::NoDialogs;
 
 struct Rig {
-    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost), quint16 tcpPort = 0)
-        : settings{true, address, tcpPort, 0, {}} {
+    explicit Rig(QHostAddress address = QHostAddress(QHostAddress::LocalHost), quint16 tcpPort = 0, TcpLimits limits = {})
+        : settings{true, address, tcpPort, 0, {}, limits} {
         station.Form_Load();
         dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
         station.OPEN_Click();
@@ -44,7 +48,7 @@ struct Rig {
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     RemoteSettings settings;
-    RemoteControl remote{station, dialogs, settings, [] {}, [] { return false; }};
+    RemoteControl remote{station, dialogs, settings, [] {}};
 };
 
 // A TCP client that collects the lines it receives.
@@ -62,18 +66,40 @@ struct Client {
         }, 3000);
         return QString::fromUtf8(buffer).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
-    // The same for reply lines, leaving out the pushed "EV" lines.
-    QStringList replies(int count) {
-        QStringList out;
-        (void)QTest::qWaitFor([&] {
+    // Whether this line has come (within three seconds).
+    bool got(const QByteArray& line) {
+        return QTest::qWaitFor([&] {
             buffer += socket.readAll();
-            out = QString::fromUtf8(buffer).split(QLatin1Char('\n'), Qt::SkipEmptyParts).filter(QRegularExpression("^(OK|ERR)"));
-            return out.size() >= count;
-        }, 10000);
-        return out;
+            return buffer.startsWith(line + "\n") || buffer.contains("\n" + line + "\n");
+        }, 3000);
+    }
+    // The same for reply lines, leaving out the pushed "EV" lines: read as they come (no
+    // polling pause), for at most a minute.
+    QStringList replies(int count) {
+        const auto take = [&] {
+            buffer += socket.readAll();
+            for (qsizetype end; (end = buffer.indexOf('\n', scanned)) >= 0; scanned = end + 1) {
+                const QByteArray line = buffer.mid(scanned, end - scanned);
+                if (line.startsWith("OK") || line.startsWith("ERR")) replyLines << QString::fromUtf8(line);
+            }
+            return replyLines.size() >= count;
+        };
+        if (take()) return replyLines;
+        QEventLoop loop;
+        QTimer limit;
+        limit.setSingleShot(true);
+        QObject::connect(&limit, &QTimer::timeout, &loop, &QEventLoop::quit);
+        QObject::connect(&socket, &QTcpSocket::readyRead, &loop, [&] {
+            if (take()) loop.quit();
+        });
+        limit.start(60000);
+        loop.exec();
+        return replyLines;
     }
     QTcpSocket socket;
     QByteArray buffer;
+    qsizetype scanned = 0;
+    QStringList replyLines;
 };
 
 // An OSC client on its own UDP port that collects what it receives as text.
@@ -115,6 +141,9 @@ private slots:
         remoteSettings(parseProgramOptions({"--remote-address=studio"}).remote, error);
         QCOMPARE(error, std::string("--remote-address: not an address: studio"));
 
+        QCOMPARE(remoteSettings(parseProgramOptions({"--remote-idle", "5"}).remote, error).tcp.idle,
+                 std::chrono::milliseconds(5000));
+
         Rig local;
         QVERIFY(!local.remote.enabled() && local.remote.status().isEmpty());
         QVERIFY(local.remote.setEnabled(true));
@@ -128,7 +157,7 @@ private slots:
         QTemporaryDir dir;
         QSettings store(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
         QVERIFY(!rememberedRemote(store, RemoteSettings{}).enabled);  // nothing remembered: off
-        rememberRemote(store, {true, QHostAddress(QStringLiteral("0.0.0.0")), 6000, 6001, {}}, true);
+        rememberRemote(store, {true, QHostAddress(QStringLiteral("0.0.0.0")), 6000, 6001, {}, {}}, true);
         RemoteSettings back = rememberedRemote(store, RemoteSettings{});
         QVERIFY(back.enabled && back.address == QHostAddress(QStringLiteral("0.0.0.0")));
         QCOMPARE(back.tcpPort, quint16(6000));
@@ -187,8 +216,8 @@ private slots:
         testing::StudioLineRig line([&remote] {
             if (remote) remote->beforePoll();
         });
-        RemoteControl control(line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}}, [] {},
-                              [] { return false; });
+        RemoteControl control(line.station, line.dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}},
+                              [] {});
         remote = &control;
         QVERIFY(control.setEnabled(true));
         Client tcp(control.tcp().port());
@@ -254,26 +283,138 @@ private slots:
         QVERIFY(replies.count(QStringLiteral("ERR queue full: 201 frames waiting, try again")) > 9000);
         QCOMPARE(rig.station.link.queue().SendCnt(), 201);
         QVERIFY(rig.messages.shown.empty());
+    }
 
-        // Sixteen clients at most.
-        std::vector<std::unique_ptr<Client>> many;
-        for (int i = 0; i < 15; ++i) many.push_back(std::make_unique<Client>(port));
-        QTRY_COMPARE(rig.remote.tcp().clientCount(), RemoteTcpServer::kMaxClients);
-        Client extra(port);
-        QCOMPARE(extra.lines(1), QStringList{"ERR too many clients"});
-        QTRY_COMPARE(extra.socket.state(), QAbstractSocket::UnconnectedState);
-        many.clear();
-        QTRY_COMPARE(rig.remote.tcp().clientCount(), 2);
+    void idleClientsNeverLockANewcomerOut() {
+        Rig rig;
+        QVERIFY(rig.remote.setEnabled(true));
+        const quint16 port = rig.remote.tcp().port();
+        // Seventeen clients that send nothing: the seventeenth takes the first one's place.
+        std::vector<std::unique_ptr<Client>> idle;
+        for (int i = 0; i < 17; ++i) {
+            idle.push_back(std::make_unique<Client>(port));
+            QTRY_COMPARE(rig.remote.tcp().clientCount(), std::min(i + 1, 16));
+        }
+        QVERIFY(idle[0]->got("EV closed idle"));
+        QTRY_COMPARE(idle[0]->socket.state(), QAbstractSocket::UnconnectedState);
+        idle[2]->send("get camera\n");  // a client that speaks is no longer the longest idle
+        QCOMPARE(idle[2]->replies(1), QStringList{"OK camera 1"});
+        Client eighteenth(port);
+        eighteenth.send("get camera\n");
+        QCOMPARE(eighteenth.replies(1), QStringList{"OK camera 1"});
+        QVERIFY(idle[1]->got("EV closed idle"));
+        QTRY_COMPARE(idle[1]->socket.state(), QAbstractSocket::UnconnectedState);
+        QCOMPARE(rig.remote.tcp().clientCount(), 16);
+        QCOMPARE(idle[2]->socket.state(), QAbstractSocket::ConnectedState);
+        QVERIFY(!idle[2]->buffer.contains("EV closed idle"));
+    }
 
-        // A client that never reads its replies is closed, not waited for.
-        Client deaf(port);
-        QTRY_COMPARE(rig.remote.tcp().clientCount(), 3);
+    void clientsSilentPastTheIdleLimitAreClosed() {
+        Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 256 * 1024, std::chrono::milliseconds(400)});
+        QVERIFY(rig.remote.setEnabled(true));
+        const quint16 port = rig.remote.tcp().port();
+        Client silent(port);
+        Client talking(port);
+        Client deaf(port);  // asks and asks, but never reads a reply
         deaf.socket.setReadBufferSize(1);
         deaf.socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 4096);
         QByteArray asks;
-        for (int i = 0; i < 20000; ++i) asks += "help\n";
+        for (int i = 0; i < 100000; ++i) asks += "help\n";
         deaf.send(asks);
-        QTRY_COMPARE_WITH_TIMEOUT(rig.remote.tcp().clientCount(), 2, 10000);
+        QTRY_COMPARE(rig.remote.tcp().clientCount(), 3);
+        QElapsedTimer since;
+        since.start();
+        int asked = 0;
+        // The talking client speaks every 100 ms; the pushes the silent one gets do not count.
+        QVERIFY2(QTest::qWaitFor([&] {
+            if (since.elapsed() / 100 >= asked) {
+                talking.send("get camera\n");
+                ++asked;
+                rig.station.form1.VrDtl.setValue(asked % 10);  // something to push
+            }
+            silent.socket.readAll();
+            // The deaf one reads nothing, so it is the station's side that tells it is gone.
+            return silent.socket.state() == QAbstractSocket::UnconnectedState && rig.remote.tcp().clientCount() == 1;
+        }, 10000), qPrintable(QStringLiteral("silent %1 deaf %2 holds %3 clients %4").arg(silent.socket.state()).arg(deaf.socket.state()).arg(rig.remote.tcp().holds()).arg(rig.remote.tcp().clientCount())));
+        QVERIFY(since.elapsed() >= 400);
+        QVERIFY(rig.remote.tcp().holds() >= 1);  // the deaf one was held first, then closed for its silence
+        QCOMPARE(rig.remote.tcp().clientCount(), 1);
+        QCOMPARE(talking.socket.state(), QAbstractSocket::ConnectedState);
+        QVERIFY(talking.replies(asked).size() >= asked - 1);
+    }
+
+    void aPipeliningClientIsHeldNeverReset() {
+        // 100,000 pipelined commands, every one answered (REMOTE_PIPELINE=N for another count).
+        const char* countText = std::getenv("REMOTE_PIPELINE");
+        const int count = countText != nullptr ? std::max(1, std::atoi(countText)) : 100000;
+        Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 4096, std::chrono::minutes(10)});
+        QVERIFY(rig.remote.setEnabled(true));
+        Client c(rig.remote.tcp().port());
+        c.socket.setReadBufferSize(4096);  // it reads nothing at first
+        c.socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 65536);
+        QByteArray flood;
+        for (int i = 0; i < count; ++i) flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
+        c.send(flood);
+        // It reads nothing at first: the station stops taking its lines instead of closing it.
+        QTRY_VERIFY_WITH_TIMEOUT(rig.remote.tcp().holds() >= 1, 20000);
+        QCOMPARE(c.socket.state(), QAbstractSocket::ConnectedState);
+        c.socket.setReadBufferSize(0);  // now it reads as fast as it can
+        const QStringList replies = c.replies(count);
+        QCOMPARE(replies.size(), count);
+        QCOMPARE(c.socket.state(), QAbstractSocket::ConnectedState);
+        QCOMPARE(rig.remote.tcp().clientCount(), 1);
+    }
+
+    void aBoxFromTheTickLetsClientsReadAndIsClosedByBoxOk() {
+        ModalPause modal;
+        QtMessages screen(modal);
+        remote::HeldMessages held(screen);
+        testing::FakePort port;
+        NoDialogs none;
+        PresetDialogs dialogs{none};
+        DiskWriter writer;
+        Station station({port, held, dialogs, writer, STATION_SAMPLES_DIR});
+        station.Form_Load();
+        for (int i = 0; i < 10; ++i) station.Timer2_Timer();  // the link's watches idle
+        station.Timer3_Timer();
+        RemoteControl remote(station, dialogs, RemoteSettings{true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}},
+                             [] {}, {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &held});
+        QVERIFY(remote.setEnabled(true));
+        Client c(remote.tcp().port());
+        QTRY_COMPARE(remote.tcp().clientCount(), 1);
+        station.link.SendCmd("30187F00");
+        station.Timer1_Timer();  // sent, and no camera acknowledges it
+        QCOMPARE(station.link.AckWait(), 10);
+
+        // The client hears of the box, reads, tries to act, and closes it; meanwhile the
+        // frame's counters wait, as they do for the operator's click.
+        int ackWhileUp = 99, queuedWhileUp = 0;
+        bool asked = false;
+        QObject::connect(&c.socket, &QTcpSocket::readyRead, [&] {
+            c.buffer += c.socket.readAll();
+            if (asked || !c.buffer.contains("EV box \"No Acknowledge\"\n")) return;
+            asked = true;
+            ackWhileUp = station.link.AckWait();
+            queuedWhileUp = station.link.queue().SendCnt();
+            c.send("get line\nlevel iris 5\nbox ok\n");
+        });
+        bool ticked = false;
+        QTimer::singleShot(8000, &c.socket, [&modal] { modal.closeTop(); });  // a failing run still ends
+        QTimer::singleShot(0, [&] {
+            for (int i = 0; i < 10; ++i) station.Timer2_Timer();  // the tenth shows "No Acknowledge"
+            ticked = true;
+        });
+        QTRY_VERIFY_WITH_TIMEOUT(ticked, 10000);
+        QCOMPARE(ackWhileUp, 0);
+        QCOMPARE(queuedWhileUp, 1);
+        QCOMPARE(station.link.AckWait(), -1);  // updated once the box was closed
+        QCOMPARE(station.link.queue().SendCnt(), 0);
+        QTRY_VERIFY(c.buffer.contains("EV box closed\n"));
+        const QStringList lines = QString::fromUtf8(c.buffer).split(QLatin1Char('\n'), Qt::SkipEmptyParts)
+                                      .filter(QRegularExpression(QStringLiteral("^(OK|ERR|EV box)")));
+        QCOMPARE(lines, (QStringList{"EV box \"No Acknowledge\"", "OK line connected", "ERR box: No Acknowledge", "OK",
+                                     "EV box closed"}));
+        QCOMPARE(modal.depth, 0);
     }
 
     void oscCommandsAreAnsweredAndRegisteredClientsGetTheChanges() {

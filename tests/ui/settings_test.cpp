@@ -37,8 +37,10 @@ private slots:
         const std::string studio = inDir(dir, "sp\u00e9cial.csd");  // named as the file system spells it
         QVERIFY(QFile::copy(QStringLiteral(STATION_SAMPLES_DIR "/studio.csd"), QString::fromStdString(studio)));
         std::ofstream(studio + ".tmp") << "cut short";
+        QVERIFY(!remembered.lastFile());
         remembered.fileUsed(inDir(dir, "g\u00f4ne.csd"));
         remembered.fileUsed(studio);
+        QCOMPARE(remembered.lastFile(), std::optional<std::string>(studio));  // the session to come back to
 
         testing::FakePort port;
         testing::FakeMessages messages;

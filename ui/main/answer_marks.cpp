@@ -20,6 +20,7 @@ Look lookOf(Answer state) {
     case Answer::Answering: return {"\u25CF", "#1f9d3a"};
     case Answer::Quiet: return {"\u25CF", "#8a8a8a"};
     case Answer::NotAnswering: return {"\u25B2", "#d98c00"};
+    case Answer::Unknown: return {"?", "#8a8a8a"};
     case Answer::NotHeard: break;
     }
     return {"\u25CB", "#8a8a8a"};

@@ -1,7 +1,7 @@
 #pragma once
 // Which camera answers, on the camera buttons: a small mark in each button's corner
 // (green dot answering, grey dot quiet for a minute, hollow ring not heard yet, amber
-// triangle not answering) and the state with the time of the last answer below the
+// triangle not answering, grey question mark unknown since the line was lost) and the state with the time of the last answer below the
 // button's own tooltip. Kept apart from the buttons' own look, which only the buttons' view sets.
 
 #include <QString>

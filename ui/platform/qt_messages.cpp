@@ -1,5 +1,6 @@
 #include "ui/platform/qt_messages.hpp"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QMessageBox>
 
@@ -28,11 +29,15 @@ QString QtMessages::boxText(const std::string& text) {
 }
 
 void QtMessages::show(const std::string& text, Icon icon) {
-    const ModalPause::Scope paused(pause_);
     QMessageBox box(boxIcon(icon), QString::fromLatin1(kApplicationTitle), boxText(text), QMessageBox::Ok,
                     QApplication::activeWindow());
     box.setObjectName(QStringLiteral("message"));
     box.setTextFormat(Qt::PlainText);
+    // Lines as one, so that a remote client reads the box's text on its one line.
+    std::string oneLine = text;
+    for (char& c : oneLine)
+        if (c == '\r' || c == '\n') c = ' ';
+    const ModalPause::Scope paused(pause_, oneLine, [&box] { box.button(QMessageBox::Ok)->click(); });
     box.exec();
 }
 

@@ -1,10 +1,12 @@
 #include "ui/platform/qt_serial_port.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 #include <vector>
 
 #include "common/line_fault.hpp"
 #include "common/runtime_error.hpp"
+#include "ui/platform/stale_lock.hpp"
 
 namespace station::ui {
 
@@ -90,7 +92,13 @@ void QtSerialPort::open() {
     if (port_.isOpen()) return;
     port_.clearError();
     port_.setPortName(QString::fromStdString(device_));
-    if (!port_.open(QIODevice::ReadWrite)) {
+    bool opened = port_.open(QIODevice::ReadWrite);
+    // A lock left by a station that no longer runs must not keep the device from it.
+    if (!opened && port_.error() == QSerialPort::PermissionError && removeStaleLock(device_)) {
+        port_.clearError();
+        opened = port_.open(QIODevice::ReadWrite);
+    }
+    if (!opened) {
         const std::string why = port_.errorString().toStdString();
         port_.clearError();
         throw std::runtime_error("cannot open " + device_ + ": " + why);
@@ -120,7 +128,14 @@ Bytes QtSerialPort::readAll() {
 void QtSerialPort::write(const Bytes& data) {
     checkLine();
     if (!isOpen() || data.empty()) return;
-    port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
+    // A frame Qt did not take whole is a line fault: the station keeps it and sends it again
+    // after the reopen, rather than losing it without a word.
+    const qint64 taken = port_.write(reinterpret_cast<const char*>(data.data()), static_cast<qint64>(data.size()));
+    if (taken != static_cast<qint64>(data.size())) {
+        const std::string why = port_.errorString().toStdString();
+        throw LineFault(device_ + ": write failed (" + std::to_string(std::max<qint64>(taken, 0)) + " of " +
+                        std::to_string(data.size()) + " bytes taken): " + why);
+    }
     port_.flush();
     checkLine();
 }

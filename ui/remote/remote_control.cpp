@@ -10,16 +10,19 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     if (options.tcpPort) out.tcpPort = static_cast<quint16>(*options.tcpPort);
     if (options.oscPort) out.oscPort = static_cast<quint16>(*options.oscPort);
     out.fileFolder = options.folder;
+    if (options.idleSeconds) out.tcp.idle = std::chrono::seconds(*options.idleSeconds);
     return out;
 }
 
 RemoteControl::RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
-                             std::function<void()> refresh, std::function<bool()> busy)
+                             std::function<void()> refresh, RemoteScreen screen)
     : settings_(std::move(settings)), refresh_(std::move(refresh)),
       commands_(station, dialogs, {settings_.fileFolder, 200}),
-      tcp_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }),
+      tcp_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }, settings_.tcp),
       osc_([this](std::string_view line) { return commands_.execute(line); }, [this] { push(); }) {
-    commands_.busy = std::move(busy);
+    commands_.box = std::move(screen.box);
+    commands_.closeBox = std::move(screen.closeBox);
+    commands_.held = screen.held;
     commands_.afterGesture = [this] { dirty_ = true; };
     pushTimer_.setInterval(40);
     QObject::connect(&pushTimer_, &QTimer::timeout, [this] {

@@ -29,17 +29,27 @@ struct RemoteSettings {
     quint16 tcpPort = 5250;
     quint16 oscPort = 5251;
     std::optional<std::filesystem::path> fileFolder;  // none: no file commands
+    TcpLimits tcp;
 };
 
 // The settings the remote-control options of the command line ask for; `error` is set when
 // the address is not one.
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
 
+
+// The operator's screen as remote control sees it: the text of the box up there, closing it
+// as its OK button does, and the station's messages held back while a command runs.
+struct RemoteScreen {
+    std::function<std::optional<std::string>()> box;
+    std::function<bool()> closeBox;
+    remote::HeldMessages* held = nullptr;
+};
+
 class RemoteControl {
 public:
-    // `refresh` redraws the windows after remote gestures; `busy` says a message box is up.
+    // `refresh` redraws the windows after remote gestures.
     RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSettings settings,
-                  std::function<void()> refresh, std::function<bool()> busy);
+                  std::function<void()> refresh, RemoteScreen screen = {});
 
     // Opens or closes both transports; false, with error(), when one could not be opened.
     bool setEnabled(bool on);

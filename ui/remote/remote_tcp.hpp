@@ -3,14 +3,22 @@
 // line per command, and pushed state lines ("EV <name> <value>") to every client.
 //
 // What a client cannot do: send a line over 1 KiB (it gets an ERR and the rest of that
-// line is dropped), keep more than 16 connections (the 17th is told and closed), leave
-// 256 KiB of replies unread (it is closed), or hold the window up with a flood (lines are
-// taken at most 256 at a time, then the window gets its turn).
+// line is dropped), hold a place while it sends nothing (after the idle limit it is closed
+// with a last line "EV closed idle"; receiving pushes does not count as activity), lock
+// others out (when all 16 places are taken a newcomer is let in and the client idle the
+// longest is closed the same way), or hold the window up with a flood (lines are taken at
+// most 256 at a time, then the window gets its turn). A client that pipelines is never
+// closed for it: while more of its replies wait unread than the limit, its socket is not
+// read (the network's own flow control slows it) until it has caught up; only a client that
+// reads nothing for the idle limit is closed.
 
 #include <QHostAddress>
 #include <QObject>
 #include <QTcpServer>
+#include <QTimer>
 
+#include <chrono>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,16 +29,23 @@ class QTcpSocket;
 
 namespace station::ui {
 
+struct TcpLimits {
+    int maxClients = 16;
+    qint64 maxUnread = 256 * 1024;  // reply bytes waiting for the client before its socket is left unread
+    std::chrono::milliseconds idle = std::chrono::minutes(10);
+};
+
 class RemoteTcpServer {
 public:
-    static constexpr int kMaxClients = 16;
-    static constexpr qint64 kMaxUnread = 256 * 1024;
     static constexpr int kLinesPerTurn = 256;
     static constexpr qint64 kInputWindow = 64 * 1024;
 
     // `handle` answers a line (an empty answer sends nothing); `afterLine` runs after each.
-    RemoteTcpServer(std::function<std::string(std::string_view)> handle, std::function<void()> afterLine);
+    RemoteTcpServer(std::function<std::string(std::string_view)> handle, std::function<void()> afterLine,
+                    TcpLimits limits = {});
     ~RemoteTcpServer();
+    RemoteTcpServer(const RemoteTcpServer&) = delete;
+    RemoteTcpServer& operator=(const RemoteTcpServer&) = delete;
 
     bool listen(const QHostAddress& address, quint16 port);
     void close();
@@ -38,22 +53,34 @@ public:
     quint16 port() const { return server_.serverPort(); }
     QString errorString() const { return server_.errorString(); }
     int clientCount() const { return static_cast<int>(clients_.size()); }
+    const TcpLimits& limits() const { return limits_; }
+    // How often a client's socket was left unread until it caught up with its replies.
+    std::uint64_t holds() const { return holds_; }
 
     // Sends a line to every client.
     void broadcast(const std::string& line);
 
 private:
+    using Clock = std::chrono::steady_clock;
     struct Client;
     void accept();
     void take(Client& client);
+    void schedule(Client& client);
+    void written(Client& client);
     void send(Client& client, const std::string& line);
+    void closeIdle(Client& client);
+    void sweep();
+    Client* find(const QTcpSocket* socket);
     void drop(QTcpSocket* socket);
 
     std::function<std::string(std::string_view)> handle_;
     std::function<void()> afterLine_;
+    TcpLimits limits_;
     QTcpServer server_;
     QObject context_;  // owns the connections of the clients' sockets
+    QTimer sweeper_;   // looks for clients past the idle limit
     std::vector<std::unique_ptr<Client>> clients_;
+    std::uint64_t holds_ = 0;
 };
 
 }  // namespace station::ui

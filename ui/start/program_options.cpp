@@ -18,7 +18,7 @@ namespace station::ui {
 namespace {
 
 struct RemoteNames {
-    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder;
+    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle;
 };
 
 void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& names, ProgramOptions& o) {
@@ -40,6 +40,12 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
         if (!number || n < 1 || n > 65535)
             fail(options::badValue("--" + option->names().constFirst().toStdString(), "not a port number: " + text.toStdString()));
         else *port = n;
+    }
+    if (parser.isSet(names.idle)) {
+        bool number = false;
+        const int seconds = parser.value(names.idle).toInt(&number);
+        if (!number || seconds < 1) fail("--remote-idle: not a number of seconds: " + parser.value(names.idle).toStdString());
+        else r.idleSeconds = seconds;
     }
     if (parser.isSet(names.folder)) {
         r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
@@ -66,8 +72,10 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption remotePort(QStringLiteral("remote-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
+    const QCommandLineOption remoteIdle(QStringLiteral("remote-idle"), QString(), QStringLiteral("SECONDS"));
+    const QCommandLineOption noRestore(QStringLiteral("no-restore"));
     parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
-                       remoteFolder});
+                       remoteFolder, remoteIdle, noRestore});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -90,6 +98,7 @@ Parsed parse(const std::vector<std::string>& args) {
         if (o.port->empty()) o.error = options::needsValue("--port", "a device");
     }
     o.simulate = parser.isSet(simulate);
+    o.noRestore = parser.isSet(noRestore);
     if (parser.isSet(logFile)) {
         const std::string file = parser.value(logFile).toLocal8Bit().toStdString();
         o.logFile = std::filesystem::path(file);
@@ -100,7 +109,7 @@ Parsed parse(const std::vector<std::string>& args) {
         o.definitions = std::filesystem::path(folder);
         if (folder.empty()) o.error = options::needsValue("--definitions", "a folder");
     }
-    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder}, o);
+    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle}, o);
     return out;
 }
 
@@ -131,8 +140,8 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 
 std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
-           "                       [--remote] [--remote-address ADDR] [--remote-port N] [--osc-port N]\n"
-           "                       [--remote-folder DIR] [--version]\n"
+           "                       [--no-restore] [--remote] [--remote-address ADDR] [--remote-port N]\n"
+           "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -150,6 +159,9 @@ std::string programHelp() {
            "                       [definitions] in ~/.config/corvane-station/\n"
            "                       corvane-station.conf), else the working folder, else\n"
            "                       the samples shipped with the program.\n"
+           "  --no-restore         start clean: without reopening the setup file last\n"
+           "                       opened or saved, and without turning remote control\n"
+           "                       back on as it was at the last run\n"
            "\n"
            "Control from outside (off unless one of these is given, or \"&Setup\" > \"Remote control\"):\n"
            "  --remote             serve remote commands on 127.0.0.1: TCP lines on port 5250,\n"
@@ -159,6 +171,7 @@ std::string programHelp() {
            "  --remote-address ADDR  listen on this address instead (e.g. 0.0.0.0: the network)\n"
            "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
            "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n"
+           "  --remote-idle SECONDS  close a TCP client that sends nothing this long (600)\n"
            "\n"
            "  --version            show the program's version\n"
            "  --help               show this text\n";

@@ -20,6 +20,7 @@ struct RemoteOptions {
     std::optional<int> tcpPort;                      // --remote-port N
     std::optional<int> oscPort;                      // --osc-port N
     std::optional<std::filesystem::path> folder;     // --remote-folder DIR
+    std::optional<int> idleSeconds;                  // --remote-idle SECONDS
 };
 
 struct ProgramOptions {
@@ -27,6 +28,7 @@ struct ProgramOptions {
     std::optional<std::filesystem::path> definitions;  // --definitions FOLDER
     bool simulate = false;                             // --simulate
     std::optional<std::filesystem::path> logFile;      // --log-file FILE
+    bool noRestore = false;                            // --no-restore: not the last file, nor remote control
     RemoteOptions remote;
     bool help = false;
     bool version = false;

@@ -40,6 +40,12 @@ void RememberedSettings::forgetFile(const std::string& path) {
     settings_.setValue(kRecent, files);
 }
 
+std::optional<std::string> RememberedSettings::lastFile() const {
+    const std::vector<std::string> files = recentFiles();
+    if (files.empty()) return std::nullopt;
+    return files.front();
+}
+
 std::optional<std::filesystem::path> RememberedSettings::definitionFolder() const {
     const QString folder = settings_.value(kDefinitions).toString();
     if (folder.isEmpty()) return std::nullopt;

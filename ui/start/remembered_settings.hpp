@@ -1,7 +1,7 @@
 #pragma once
 // What the desktop program remembers from one run to the next, kept in Qt's settings (on
 // Linux ~/.config/corvane-station/corvane-station.conf): the setup data files last opened
-// or saved, the folder of the camera-type definitions, and where each window was.
+// or saved, the folder of the camera-type definitions and where each window was.
 
 #include <QByteArray>
 #include <QString>
@@ -26,6 +26,9 @@ public:
     // Puts a file at the head of the list (once), dropping the oldest beyond kRecentFiles.
     void fileUsed(const std::string& path);
     void forgetFile(const std::string& path);
+
+    // The last setup data file opened or saved: the session to come back to.
+    std::optional<std::string> lastFile() const;
 
     // The definition folder for every run ("definitions/folder"); nothing when not set.
     std::optional<std::filesystem::path> definitionFolder() const;

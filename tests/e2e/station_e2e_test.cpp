@@ -1,0 +1,169 @@
+// The desktop program as a service runs it, with nobody at the screen: started before its
+// serial adapter is plugged in, driven over TCP, ended with SIGTERM, and started again.
+#include <gtest/gtest.h>
+#include <arpa/inet.h>
+#include <netinet/in.h>
+#include <poll.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <optional>
+#include <thread>
+
+#include "tests/e2e/child_process.hpp"
+#include "tests/e2e/pty_camera.hpp"
+#include "tests/support/temp_folder.hpp"
+
+namespace station {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+namespace fs = std::filesystem;
+using testing::ChildProcess;
+using testing::PtyCamera;
+
+// A port nobody listens on now, of the given socket type.
+int freePort(int type) {
+    const int fd = ::socket(AF_INET, type, 0);
+    sockaddr_in a{};
+    a.sin_family = AF_INET;
+    a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof a;
+    EXPECT_EQ(::bind(fd, reinterpret_cast<sockaddr*>(&a), size), 0);
+    EXPECT_EQ(::getsockname(fd, reinterpret_cast<sockaddr*>(&a), &size), 0);
+    ::close(fd);
+    return ntohs(a.sin_port);
+}
+
+// A remote-control client on the loopback address.
+class Line {
+public:
+    // Tries to connect until `limit`; connected() says whether it did.
+    Line(int port, Clock::duration limit) {
+        for (const auto end = Clock::now() + limit; Clock::now() < end; std::this_thread::sleep_for(20ms)) {
+            fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
+            sockaddr_in a{};
+            a.sin_family = AF_INET;
+            a.sin_port = htons(static_cast<std::uint16_t>(port));
+            a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+            if (::connect(fd_, reinterpret_cast<sockaddr*>(&a), sizeof a) == 0) return;
+            ::close(fd_);
+            fd_ = -1;
+        }
+    }
+    ~Line() {
+        if (fd_ >= 0) ::close(fd_);
+    }
+    bool connected() const { return fd_ >= 0; }
+    // The command's reply line ("OK ..." or "ERR ..."), pushed lines left out.
+    std::string ask(const std::string& command) {
+        const std::string line = command + "\n";
+        if (::send(fd_, line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "(not sent)";
+        for (const auto end = Clock::now() + 10s; Clock::now() < end;) {
+            for (std::size_t nl; (nl = in_.find('\n')) != std::string::npos;) {
+                std::string reply = in_.substr(0, nl);
+                in_.erase(0, nl + 1);
+                if (reply.rfind("OK", 0) == 0 || reply.rfind("ERR", 0) == 0) return reply;
+            }
+            pollfd p{fd_, POLLIN, 0};
+            if (::poll(&p, 1, 100) <= 0) continue;
+            char buf[4096];
+            const ssize_t n = ::recv(fd_, buf, sizeof buf, 0);
+            if (n <= 0) return "(closed)";
+            in_.append(buf, static_cast<std::size_t>(n));
+        }
+        return "(no reply)";
+    }
+
+private:
+    int fd_ = -1;
+    std::string in_;
+};
+
+// The lock file the serial library keeps for a device outside /dev.
+fs::path lockFileOf(const fs::path& device) {
+    std::string name = device.string();
+    for (char& c : name)
+        if (c == '/') c = '_';
+    return fs::path("/var/lock") / ("LCK.." + name);
+}
+
+// A process id that no longer runs.
+pid_t deadProcess() {
+    const pid_t pid = ::fork();
+    if (pid == 0) ::_exit(0);
+    ::waitpid(pid, nullptr, 0);
+    return pid;
+}
+
+TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
+    testing::TempFolder folder;
+    ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);  // the settings of this test only
+    const fs::path device = folder / "ttyUSB-line";
+    fs::copy_file(STATION_SAMPLES_DIR "/studio.csd", folder / "studio.csd");
+    const int tcp = freePort(SOCK_STREAM);
+    const std::vector<std::string> common = {STATION_PATH, "--port", device.string(), "--definitions",
+                                             STATION_SAMPLES_DIR};
+    std::vector<std::string> first = common;
+    first.insert(first.end(), {"--remote", "--remote-port", std::to_string(tcp), "--osc-port",
+                               std::to_string(freePort(SOCK_DGRAM)), "--remote-folder", folder.path().string()});
+
+    const Clock::time_point started = Clock::now();
+    auto station = std::make_unique<ChildProcess>(first);
+    Line remote(tcp, 10s);
+    ASSERT_TRUE(remote.connected());
+    // No box waits for an operator: every command is answered, the line says why it is idle.
+    EXPECT_EQ(remote.ask("get line").rfind("OK line \"not connected (cannot open " + device.string(), 0), 0u);
+    const auto firstAnswer = Clock::now() - started;
+    std::cerr << "first TCP answer " << std::chrono::duration_cast<std::chrono::milliseconds>(firstAnswer).count()
+              << " ms after the start\n";
+    EXPECT_EQ(remote.ask("open studio.csd"), "OK");
+    EXPECT_EQ(remote.ask("level iris 10"), "OK");  // queued until there is a line
+
+    // The adapter is plugged in: the station finds it and talks, with nobody touching it.
+    std::vector<std::string> frames;
+    {
+        PtyCamera camera(device);
+        const Clock::time_point plugged = Clock::now();
+        while (frames.empty() && Clock::now() - plugged < 5s) {
+            camera.serve(frames);
+            std::this_thread::sleep_for(10ms);
+        }
+        ASSERT_FALSE(frames.empty());
+        const auto talking = Clock::now() - plugged;
+        std::cerr << "first frame " << std::chrono::duration_cast<std::chrono::milliseconds>(talking).count()
+                  << " ms after the device appeared\n";
+        EXPECT_LT(talking, 2s);
+        EXPECT_EQ(frames.front(), "30390A00");
+        EXPECT_EQ(remote.ask("get line").rfind("OK line connected", 0), 0u);
+
+        // Ended from outside: the same shutdown as "&Quit", the device's lock released.
+        ASSERT_TRUE(fs::exists(lockFileOf(device)));
+        EXPECT_EQ(station->stop(10s), 0);
+        EXPECT_FALSE(fs::exists(lockFileOf(device)));
+    }
+
+    // A lock left by a station that was killed outright does not keep the next one out, and
+    // the session comes back: the setup file, and remote control on the same address.
+    std::ofstream(lockFileOf(device)) << deadProcess() << "\ncorvane-station\n\n";
+    PtyCamera camera(device);
+    station = std::make_unique<ChildProcess>(common);
+    Line again(tcp, 10s);
+    ASSERT_TRUE(again.connected());
+    EXPECT_EQ(again.ask("get file"), "OK file " + (folder / "studio.csd").string());
+    EXPECT_NE(again.ask("get type"), "OK type ");
+    for (const auto end = Clock::now() + 5s; Clock::now() < end && again.ask("get line").rfind("OK line connected", 0) != 0;)
+        std::this_thread::sleep_for(20ms);
+    EXPECT_EQ(again.ask("get line").rfind("OK line connected", 0), 0u);
+    EXPECT_EQ(station->stop(10s), 0);
+    EXPECT_FALSE(fs::exists(lockFileOf(device)));
+}
+
+}  // namespace
+}  // namespace station
