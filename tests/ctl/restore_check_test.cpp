@@ -2,8 +2,6 @@
 // no definition, or a value is not one the type can take; an intact file passes.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 
 #include "ctl/restore_check.hpp"
 #include "ctl/type_items.hpp"
@@ -12,12 +10,7 @@
 namespace station::ctl {
 namespace {
 
-std::string studio() {
-    std::ifstream in(STATION_SAMPLES_DIR "/studio.csd", std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+std::string studio() { return station::testing::readBytes(STATION_SAMPLES_DIR "/studio.csd"); }
 
 std::string replaced(std::string text, const std::string& from, const std::string& to) {
     const std::size_t at = text.find(from);

@@ -115,17 +115,10 @@ TEST(CtlSession, SpoiltRepliesAreNotCounted) {
     EXPECT_EQ(rig.replies.replies(1), rig.tally.counts().acknowledged);
 }
 
-std::string fileText(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 TEST(CtlSession, VerifyNamesAChangedFunctionItem) {
     SessionRig rig;
     rig.session.definitions = STATION_SAMPLES_DIR;
-    const std::string before = fileText(kStudio);
+    const std::string before = testing::readBytes(kStudio);
     ASSERT_TRUE(rig.session.run("write 1")) << rig.err.str();
     ASSERT_TRUE(rig.session.run("verify " + std::string(kStudio) + " 1")) << rig.out.str() << rig.err.str();
 
@@ -134,7 +127,7 @@ TEST(CtlSession, VerifyNamesAChangedFunctionItem) {
     rig.out.str("");
     EXPECT_FALSE(rig.session.run("verify " + std::string(kStudio) + " 1"));
     EXPECT_EQ(rig.out.str(), "camera 1: Gamma / Gamma Mode: file CINE camera FILM\n");
-    EXPECT_EQ(fileText(kStudio), before);  // the file is never written
+    EXPECT_EQ(testing::readBytes(kStudio), before);  // the file is never written
     EXPECT_EQ(rig.session.finish(), 1);
     EXPECT_NE(rig.err.str().find("camera 1 (ST1, ID 1) verify: FAILED, 1 setting differs from"), std::string::npos)
         << rig.err.str();
@@ -144,7 +137,7 @@ TEST(CtlSession, VerifyRefusesADamagedFileAndASilentCameraFails) {
     SessionRig rig;
     rig.session.definitions = STATION_SAMPLES_DIR;
     testing::TempFolder folder;
-    const auto cut = folder.write("cut.csd", fileText(kStudio).substr(0, 900));
+    const auto cut = folder.write("cut.csd", testing::readBytes(kStudio).substr(0, 900));
     EXPECT_THROW(rig.session.run("verify " + cut.string() + " 1"), RunError);
     rig.camera(2).faults.silent = true;
     EXPECT_FALSE(rig.session.run("verify " + std::string(kStudio) + " 2"));

@@ -3,8 +3,6 @@
 // backup that comes out the same as the first.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
 
 #include "tests/e2e/child_process.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -14,13 +12,6 @@ namespace {
 
 using namespace std::chrono_literals;
 using testing::ChildProcess;
-
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
 
 struct Ctl {
     std::string device;
@@ -44,17 +35,17 @@ TEST(CtlOnCameraSim, BackupRestoreRoundTrip) {
     ASSERT_EQ(ctl.run({"--setup", STATION_SAMPLES_DIR "/studio.csd", "read", "1-3", "--save", first}), 0);
     ASSERT_EQ(ctl.run({"--setup", first, "camera", "2,", "level", "mblk", "40,", "mode", "white", "ATW"}), 0);
     ASSERT_EQ(ctl.run({"--setup", first, "read", "2", "--save", changed}), 0);
-    EXPECT_NE(contents(changed), contents(first));  // the camera did change
+    EXPECT_NE(testing::readBytes(changed), testing::readBytes(first));  // the camera did change
     ASSERT_EQ(ctl.run({"--setup", first, "write", "2"}), 0);
     ASSERT_EQ(ctl.run({"--setup", first, "read", "1-3", "--save", second}), 0);
     // Camera 2's knee point was read as 00, below its type's MIN of 40: its page went out as
     // the Function window shows it, 40, and comes back so.
-    std::string expected = contents(first);
+    std::string expected = testing::readBytes(first);
     const std::string knee = "\r\n3051=00,60,66,7C,60,00,";
     const auto at = expected.find(knee);
     ASSERT_NE(at, std::string::npos);
     expected.replace(at + knee.size() - 3, 2, "40");
-    EXPECT_EQ(contents(second), expected);
+    EXPECT_EQ(testing::readBytes(second), expected);
 
     // A camera that is not on the line fails the run; a refused command does too.
     EXPECT_EQ(ctl.run({"--setup", first, "read", "7"}), 1);
@@ -64,7 +55,7 @@ TEST(CtlOnCameraSim, BackupRestoreRoundTrip) {
     const auto victim = outside.write("victim.csd", "outside");
     std::filesystem::create_symlink(victim, folder / "linked.csd");
     EXPECT_EQ(ctl.run({"--setup", first, "--save", (folder / "linked.csd").string()}), 2);
-    EXPECT_EQ(contents(victim), "outside");
+    EXPECT_EQ(testing::readBytes(victim), "outside");
     EXPECT_EQ(sim.stop(), 0);
 }
 

@@ -14,13 +14,6 @@ namespace {
 using namespace std::chrono_literals;
 using testing::ChildProcess;
 
-std::string contents(const std::filesystem::path& file) {
-    std::ifstream in(file, std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
-
 std::string quoted(const std::string& word) {
     std::string out = "'";
     for (const char c : word) out += c == '\'' ? std::string("'\\''") : std::string(1, c);
@@ -40,7 +33,7 @@ struct Sim {
     }
     // Frames the station sent since the start (not its ACK bytes).
     int framesFromStation() const {
-        std::istringstream in(contents(trace));
+        std::istringstream in(testing::readBytes(trace));
         int n = 0;
         for (std::string line; std::getline(in, line);) {
             const std::size_t at = line.find("station  ->");
@@ -66,7 +59,7 @@ CtlRun ctl(const testing::TempFolder& folder, const std::string& device, const s
     const auto start = std::chrono::steady_clock::now();
     ChildProcess child({"/bin/sh", "-c", line + " 2>" + quoted(err.string())});
     const int status = child.wait(60s);
-    return {status, contents(err),
+    return {status, testing::readBytes(err),
             std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start)};
 }
 
@@ -80,13 +73,13 @@ TEST_P(FaultyCamera, BackupKeepsTheGoodFile) {
     testing::TempFolder folder;
     Sim sim(folder, {std::string("3:") + GetParam()});
     ASSERT_FALSE(sim.device.empty());
-    const std::string good = contents(STATION_SAMPLES_DIR "/studio.csd") + "\r\n";  // any file that is not a new save
+    const std::string good = testing::readBytes(STATION_SAMPLES_DIR "/studio.csd") + "\r\n";  // any file that is not a new save
     const auto backup = folder.write("good.csd", good);
 
     const CtlRun run = ctl(folder, sim.device, {"--setup", STATION_SAMPLES_DIR "/studio.csd", "--quiet", "read", "3,4",
                                              "--save", backup.string(), ",", "level", "iris", "3"});
     EXPECT_EQ(run.status, 1) << run.err;
-    EXPECT_EQ(contents(backup), good);
+    EXPECT_EQ(testing::readBytes(backup), good);
     EXPECT_FALSE(std::filesystem::exists(folder / "good.csd.bak"));
     EXPECT_TRUE(says(run, "camera 3 did not answer every read")) << run.err;
     // Camera 3 fails alone: camera 4 after it answers, and the run then stops.
@@ -97,8 +90,8 @@ TEST_P(FaultyCamera, BackupKeepsTheGoodFile) {
     const CtlRun partial = ctl(folder, sim.device, {"--setup", STATION_SAMPLES_DIR "/studio.csd", "--quiet", "read",
                                                  "3,4", "--save", backup.string(), "--partial"});
     EXPECT_EQ(partial.status, 1) << partial.err;
-    EXPECT_NE(contents(backup), good);
-    EXPECT_EQ(contents(folder / "good.csd.bak"), good);  // the previous backup is kept
+    EXPECT_NE(testing::readBytes(backup), good);
+    EXPECT_EQ(testing::readBytes(folder / "good.csd.bak"), good);  // the previous backup is kept
     EXPECT_TRUE(says(partial, "the columns of camera 3 are from")) << partial.err;
 }
 
@@ -113,7 +106,7 @@ TEST(CtlUnattended, DamagedRestoreSendsNothing) {
     testing::TempFolder folder;
     Sim sim(folder, {});
     ASSERT_FALSE(sim.device.empty());
-    const std::string good = contents(STATION_SAMPLES_DIR "/studio.csd");
+    const std::string good = testing::readBytes(STATION_SAMPLES_DIR "/studio.csd");
     const std::pair<std::string, std::string> damaged[] = {
         {"cut.csd", good.substr(0, 1200)},
         {"empty.csd", ""},
