@@ -8,7 +8,7 @@
 
 #include "common/vb_conv.hpp"
 #include "ctl/exit_status.hpp"
-#include "ctl/restore_check.hpp"
+#include "ctl/files/restore_check.hpp"
 
 namespace station::ctl {
 

@@ -15,7 +15,7 @@
 #include "ctl/camera_time_limit.hpp"
 #include "ctl/link_tally.hpp"
 #include "ctl/progress_line.hpp"
-#include "ctl/setting_compare.hpp"
+#include "ctl/files/setting_compare.hpp"
 #include "ctl/tick_loop.hpp"
 #include "remote/command_set.hpp"
 

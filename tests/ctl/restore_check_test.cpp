@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 
-#include "ctl/restore_check.hpp"
-#include "ctl/type_items.hpp"
+#include "ctl/files/restore_check.hpp"
+#include "ctl/files/type_items.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station::ctl {

@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "ctl/backup_policy.hpp"
+#include "ctl/files/backup_policy.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/progress_line.hpp"

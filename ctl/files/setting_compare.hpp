@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "ctl/type_items.hpp"
+#include "ctl/files/type_items.hpp"
 
 namespace station::ctl {
 

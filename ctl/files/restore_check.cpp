@@ -1,10 +1,10 @@
-#include "ctl/restore_check.hpp"
+#include "ctl/files/restore_check.hpp"
 
 #include <array>
 #include <map>
 #include <sstream>
 
-#include "ctl/type_items.hpp"
+#include "ctl/files/type_items.hpp"
 
 namespace station::ctl {
 

@@ -1,4 +1,4 @@
-#include "ctl/setting_compare.hpp"
+#include "ctl/files/setting_compare.hpp"
 
 namespace station::ctl {
 

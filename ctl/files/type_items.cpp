@@ -1,4 +1,4 @@
-#include "ctl/type_items.hpp"
+#include "ctl/files/type_items.hpp"
 
 #include <algorithm>
 #include <cctype>

@@ -1,4 +1,4 @@
-#include "ctl/backup_policy.hpp"
+#include "ctl/files/backup_policy.hpp"
 
 namespace station::ctl {
 

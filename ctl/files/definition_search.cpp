@@ -1,4 +1,4 @@
-#include "ctl/definition_search.hpp"
+#include "ctl/files/definition_search.hpp"
 
 #include <cctype>
 #include <cstdlib>
