@@ -248,26 +248,16 @@ void FunctionEditor::RecModeFunc(const std::string& cls, const std::string& addr
     const ReplyGuard guard(shared_.CtrlReady);
     const auto c = hexNumber(cls), a = hexNumber(addr), d = hexNumber(data);
     if (!c || !a || !d) return;
-    const int s = slot();
-    const int functions = count(types_.FuncList(s, 0, 0), kMaxFunctions);
-    bool changed = false;
-    for (int f = 1; f <= functions; ++f) {
-        const int items = itemCount(f);
-        for (int i = 1; i <= items; ++i) {
-            if (types_.ItemList(s, f, i) != "M" || !answers(types_.ItemList(s, f, i + kItemCodeCell), *c, *a)) continue;
-            const FunctionItem it = item(f, i);
-            std::string* v = stored(f, it);
-            const auto mask = it.mask();
-            if (v == nullptr || !mask) continue;
-            // Two items on one register each take the bits their own mask leaves open.
-            const unsigned long bits = *d & ~*mask & 0xFF;
-            int k = 1;
-            while (k <= it.valueCount() && hexNumber(it.valueCode(k)) != bits) ++k;
-            *v = k <= it.valueCount() ? it.valueCode(k) : hexDigits(bits, 2);
-            changed = true;
-        }
-    }
-    if (changed) showPage();
+    takeReply(*c, *a, "M", [&](const FunctionItem& it, std::string& v) {
+        const auto mask = it.mask();
+        if (!mask) return false;
+        // Two items on one register each take the bits their own mask leaves open.
+        const unsigned long bits = *d & ~*mask & 0xFF;
+        int k = 1;
+        while (k <= it.valueCount() && hexNumber(it.valueCode(k)) != bits) ++k;
+        v = k <= it.valueCount() ? it.valueCode(k) : hexDigits(bits, 2);
+        return true;
+    });
 }
 
 void FunctionEditor::RecAnalogFunc(const std::string& cls, const std::string& addr, const std::string& data,
@@ -278,6 +268,25 @@ void FunctionEditor::RecAnalogFunc(const std::string& cls, const std::string& ad
     // A reply of one value byte reads as a second byte of 00.
     const std::string low = data2.empty() ? std::string("00") : data2;
     const unsigned long wire = *d * 256 + hexNumber(low).value_or(0);
+    takeReply(*c, *a, "AS", [&](const FunctionItem& it, std::string& v) {
+        if (it.kind() == 'A') {
+            v = it.range().digits == 4 ? data + low : data;
+            return true;
+        }
+        // A two-digit speed travels as its code and a 00 byte, a four-digit step as itself.
+        int k = 1;
+        for (; k <= it.valueCount(); ++k) {
+            const std::string& code = it.valueCode(k);
+            const auto n = hexNumber(code);
+            if (n && (code.size() <= 2 ? *n * 256 : *n) == wire) break;
+        }
+        v = k <= it.valueCount() ? it.valueCode(k) : low == "00" ? data : data + low;
+        return true;
+    });
+}
+
+void FunctionEditor::takeReply(unsigned long cls, unsigned long addr, const std::string& kinds,
+                               const std::function<bool(const FunctionItem&, std::string&)>& take) {
     const int s = slot();
     const int functions = count(types_.FuncList(s, 0, 0), kMaxFunctions);
     bool changed = false;
@@ -285,23 +294,12 @@ void FunctionEditor::RecAnalogFunc(const std::string& cls, const std::string& ad
         const int items = itemCount(f);
         for (int i = 1; i <= items; ++i) {
             const std::string& kind = types_.ItemList(s, f, i);
-            if ((kind != "A" && kind != "S") || !answers(types_.ItemList(s, f, i + kItemCodeCell), *c, *a)) continue;
+            if (kind.size() != 1 || kinds.find(kind[0]) == std::string::npos ||
+                !answers(types_.ItemList(s, f, i + kItemCodeCell), cls, addr))
+                continue;
             const FunctionItem it = item(f, i);
             std::string* v = stored(f, it);
-            if (v == nullptr) continue;
-            if (it.kind() == 'A') {
-                *v = it.range().digits == 4 ? data + low : data;
-            } else {
-                // A two-digit speed travels as its code and a 00 byte, a four-digit step as itself.
-                int k = 1;
-                for (; k <= it.valueCount(); ++k) {
-                    const std::string& code = it.valueCode(k);
-                    const auto n = hexNumber(code);
-                    if (n && (code.size() <= 2 ? *n * 256 : *n) == wire) break;
-                }
-                *v = k <= it.valueCount() ? it.valueCode(k) : low == "00" ? data : data + low;
-            }
-            changed = true;
+            if (v != nullptr && take(it, *v)) changed = true;
         }
     }
     if (changed) showPage();

@@ -88,6 +88,11 @@ private:
     void showItem();
     void changeItem(const FunctionItem& it, const std::string& value);
     void tellClamped(int f, const FunctionItem& it, const std::string& value);
+    // Hands each item of the shown type whose kind is in `kinds` and which answers to the
+    // reply's class and address, with its stored value, to `take`; redraws the page when
+    // `take` stored into any of them (it returns whether it did).
+    void takeReply(unsigned long cls, unsigned long addr, const std::string& kinds,
+                   const std::function<bool(const FunctionItem&, std::string&)>& take);
 
     Shared& shared_;
     TypeTables& types_;
