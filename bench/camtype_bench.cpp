@@ -82,17 +82,24 @@ std::string largestDefinition(int type) {
     return t;
 }
 
+// The camera types of a station whose definition folder is `folder`.
+struct TypesIn {
+    explicit TypesIn(const std::filesystem::path& folder) : types(shared, tables, stores, messages, folder) {}
+    Shared shared;
+    TypeTables tables;
+    SettingStores stores;
+    QuietMessages messages;
+    CameraTypes types;
+    ListBox list;
+};
+
 void BM_FclLoadEightSlots(benchmark::State& state) {
     Scratch scratch;
     for (int type = 1; type <= 8; ++type)
         std::ofstream(scratch.path() / ("t" + std::to_string(type) + ".fcl"), std::ios::binary) << largestDefinition(type);
 
-    Shared shared;
-    TypeTables tables;
-    SettingStores stores;
-    QuietMessages messages;
-    CameraTypes types(shared, tables, stores, messages, scratch.path());
-    ListBox list;
+    TypesIn rig(scratch.path());
+    auto& [shared, tables, stores, messages, types, list] = rig;
     types.FclListSet(list);
     for (int c = 1; c <= 8; ++c) shared.cams.CamType(c) = "T" + hex2(c);
     types.FclDataSet();
@@ -115,12 +122,8 @@ void BM_StartUpListAssignLoad(benchmark::State& state) {
     for (int type = 1; type <= files; ++type)
         std::ofstream(scratch.path() / ("t" + hex2(type) + ".fcl"), std::ios::binary) << largestDefinition(type);
 
-    Shared shared;
-    TypeTables tables;
-    SettingStores stores;
-    QuietMessages messages;
-    CameraTypes types(shared, tables, stores, messages, scratch.path());
-    ListBox list;
+    TypesIn rig(scratch.path());
+    auto& [shared, tables, stores, messages, types, list] = rig;
     for (int c = 1; c <= 8; ++c) shared.cams.CamType(c) = "T" + hex2(c * files / 8);
 
     for (auto _ : state) {

@@ -17,6 +17,19 @@ using testing::wire;
 struct LineRig : testing::StationRig {
     explicit LineRig(bool deviceThere = true) : StationRig(false) { port.failOpen = !deviceThere; }
     void start() { station.Form_Load(); }
+    // A frame to the selected camera, which acknowledges it within the next poll.
+    void acknowledged() {
+        station.link.SendCmd("30187F00");
+        run(40);
+        port.arrive(wire("06"));
+        run(40);
+    }
+    // A frame to `camera`, which stays silent through every resend.
+    void silent(int camera) {
+        station.shared.CamNo = camera;
+        station.link.SendCmd("30187F00");
+        run(1200);
+    }
 };
 
 TEST(Line, StartsWithoutDevice) {
@@ -102,14 +115,9 @@ TEST(Line, AnswersAndLog) {
     r.run(600);
     const auto state = [&](int camera) { return r.station.line.answers.state(camera, r.clock); };
 
-    r.station.link.SendCmd("30187F00");  // camera 1 acknowledges
-    r.run(40);
-    r.port.arrive(wire("06"));
-    r.run(40);
+    r.acknowledged();  // camera 1
     const auto heard = r.clock;
-    r.station.shared.CamNo = 2;          // camera 2 stays silent
-    r.station.link.SendCmd("30187F00");
-    r.run(1200);
+    r.silent(2);
     r.station.shared.CamNo = 3;          // camera 3 sends an auto-setup result after its ACK
     r.station.link.SendCmd("4020");
     r.run(40);
@@ -131,13 +139,8 @@ TEST(Line, MarksAfterLossAndPortChange) {
     r.start();
     r.run(600);
     const auto state = [&](int camera) { return r.station.line.answers.state(camera, r.clock); };
-    r.station.link.SendCmd("30187F00");  // camera 1 acknowledges
-    r.run(40);
-    r.port.arrive(wire("06"));
-    r.run(40);
-    r.station.shared.CamNo = 2;  // camera 2 stays silent
-    r.station.link.SendCmd("30187F00");
-    r.run(1200);
+    r.acknowledged();  // camera 1
+    r.silent(2);
     ASSERT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::NotAnswering}));
 
     r.port.hungUp = true;
@@ -148,10 +151,7 @@ TEST(Line, MarksAfterLossAndPortChange) {
     ASSERT_TRUE(r.station.line.connected());
     EXPECT_EQ(state(1), Answer::Unknown);
     r.station.shared.CamNo = 1;
-    r.station.link.SendCmd("30187F00");
-    r.run(40);
-    r.port.arrive(wire("06"));
-    r.run(40);
+    r.acknowledged();
     EXPECT_EQ((std::vector{state(1), state(2)}), (std::vector{Answer::Answering, Answer::Unknown}));
 
     r.station.choosePort({"/dev/ttyUSB3", false});  // another line: nothing heard on it yet
