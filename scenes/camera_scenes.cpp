@@ -34,8 +34,14 @@ bool CameraScenes::workingCopyStored() const {
         const int cam = shared_.CamNo;
         const int scene = shared_.ScnNo(cam);
         const double fields = val(stores_.MainKey(0));
-        for (int i = 1; i <= fields; ++i)
-            if (stores_.MainScnData(i, cam, 0) != stores_.MainScnData(i, cam, scene)) return false;
+        for (int i = 1; i <= fields; ++i) {
+            const std::string& shown = stores_.MainScnData(i, cam, 0);
+            const std::string& kept = stores_.MainScnData(i, cam, scene);
+            // The panel shows a monitor select of 0 or none as output 16 and writes that into
+            // the working copy: the same setting, not a change.
+            const bool same = shown == kept || (i == mMONSEL && shown == "16" && val(kept) < 1);
+            if (!same) return false;
+        }
         if (cam < 1) return true;
         const double rows = val(stores_.FuncScnData(0, 0, 0));
         for (int i = 1; i <= rows; ++i)

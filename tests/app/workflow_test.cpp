@@ -115,6 +115,9 @@ TEST(Workflow, MarksTellWhatSaveAndStoreWouldKeep) {
     s.form1.Command2.Enabled = true;
     s.scenes.Command2_Click();  // CLEAR
     EXPECT_TRUE(stored());
+    s.form1.Option9.click(0);  // GROUP shows its monitor select of none as 16: no change
+    EXPECT_TRUE(stored());
+    s.form1.Option9.click(2);
 
     // A plain function value is kept per camera, not per scene: straight into the file.
     s.stores.FuncData(1, 2) += "1";
