@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -133,7 +134,10 @@ int TermiosPort::bytesWaiting() {
     if (!isOpen()) return 0;
     // A hung-up or unplugged device reports it here, before anything is read or written.
     pollfd p{fd_, POLLIN, 0};
-    if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) lost("the device hung up", 0);
+    if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
+        std::error_code ec;
+        lost(std::filesystem::exists(device(), ec) ? "the device hung up" : "device removed", 0);
+    }
     int n = 0;
     if (::ioctl(fd_, FIONREAD, &n) != 0) lost("cannot read", errno);
     return n;
