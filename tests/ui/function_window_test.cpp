@@ -112,6 +112,14 @@ private slots:
         QTest::qWait(200);  // five polls: anything queued would be on the line
         QVERIFY(rig.takeQueued().empty());
         QCOMPARE(rig.port.writes.size(), frames);
+
+        // Closed from the search box and opened again: on the function list once more.
+        QTest::keyClick(&window, Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCOMPARE(window.focusWidget(), &functions);
     }
 };
 
