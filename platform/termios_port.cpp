@@ -127,6 +127,10 @@ void TermiosPort::close() {
 }
 
 void TermiosPort::lost(const std::string& what, int error) const {
+    // An unplugged adapter takes its device node with it: that is what happened, whatever
+    // the failed call said ("Input/output error", "Resource temporarily unavailable").
+    std::error_code ec;
+    if (!std::filesystem::exists(device(), ec)) throw LineFault(device() + ": device removed");
     throw LineFault(device() + ": " + what + (error != 0 ? " (" + std::generic_category().message(error) + ")" : ""));
 }
 
@@ -134,10 +138,7 @@ int TermiosPort::bytesWaiting() {
     if (!isOpen()) return 0;
     // A hung-up or unplugged device reports it here, before anything is read or written.
     pollfd p{fd_, POLLIN, 0};
-    if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) {
-        std::error_code ec;
-        lost(std::filesystem::exists(device(), ec) ? "the device hung up" : "device removed", 0);
-    }
+    if (::poll(&p, 1, 0) > 0 && (p.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0) lost("the device hung up", 0);
     int n = 0;
     if (::ioctl(fd_, FIONREAD, &n) != 0) lost("cannot read", errno);
     return n;
