@@ -9,6 +9,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 #include <system_error>
 #include <utility>
@@ -126,6 +127,10 @@ void TermiosPort::close() {
 }
 
 void TermiosPort::lost(const std::string& what, int error) const {
+    // An unplugged adapter takes its device node with it: that is what happened, whatever
+    // the failed call said ("Input/output error", "Resource temporarily unavailable").
+    std::error_code ec;
+    if (!std::filesystem::exists(device(), ec)) throw LineFault(device() + ": device removed");
     throw LineFault(device() + ": " + what + (error != 0 ? " (" + std::generic_category().message(error) + ")" : ""));
 }
 

@@ -1,5 +1,8 @@
 #include "scenes/camera_scenes.hpp"
 
+#include "common/runtime_error.hpp"
+#include "common/vb_conv.hpp"
+
 namespace station {
 
 CameraScenes::CameraScenes(Shared& shared, SettingStores& stores, Form1& form, MainPanel& panel,
@@ -24,6 +27,34 @@ void CameraScenes::ScnDataChange(int dst, int src) {
     if (cam < 1) return;
     const double rows = val(stores_.FuncScnData(0, 0, 0));
     for (int i = 1; i <= rows; ++i) stores_.FuncScnData(i, cam, dst) = stores_.FuncScnData(i, cam, src);
+}
+
+bool CameraScenes::workingCopyStored() const {
+    try {
+        const int cam = shared_.CamNo;
+        const int scene = shared_.ScnNo(cam);
+        const double fields = val(stores_.MainKey(0));
+        for (int i = 1; i <= fields; ++i) {
+            const std::string& shown = stores_.MainScnData(i, cam, 0);
+            const std::string& kept = stores_.MainScnData(i, cam, scene);
+            // The panel shows a monitor select of 0 or none as output 16 and writes that into
+            // the working copy: the same setting, not a change.
+            const bool same = shown == kept || (i == mMONSEL && shown == "16" && val(kept) < 1);
+            if (!same) return false;
+        }
+        if (cam < 1) return true;
+        const double rows = val(stores_.FuncScnData(0, 0, 0));
+        for (int i = 1; i <= rows; ++i)
+            if (stores_.FuncScnData(i, cam, 0) != stores_.FuncScnData(i, cam, scene)) return false;
+        return true;
+    } catch (const RuntimeError&) {
+        return false;  // a store beyond its rows: a STORE would not hold it either
+    }
+}
+
+bool CameraScenes::pressDropsChanges(int index) const {
+    const bool reloads = index != shared_.CamNo || form_.CamCopy.value() == 1;
+    return reloads && !workingCopyStored();
 }
 
 // Old camera and its scene button grey, the new camera and its scene button highlighted, and

@@ -33,6 +33,14 @@ public:
     // Copies the selected camera's scene slot src into slot dst (0 is the working copy).
     void ScnDataChange(int dst, int src);
 
+    // Whether the working copy holds what the selected scene holds: false once an edit or a
+    // camera's reply changed it, true again after STORE, CLEAR, a recall or a selection.
+    // What is not stored into a scene is in no file, and is lost by choosing a camera.
+    bool workingCopyStored() const;
+    // Whether pressing camera button `index` now would drop changes not stored: a selection
+    // or a copy reloads the working copy; pressing the selected camera without COPY does not.
+    bool pressDropsChanges(int index) const;
+
 private:
     void wireEvents();
     void colourSelection(int camera);

@@ -44,37 +44,13 @@ void SetupFile::CamFileOpen() {
     types_.FclDataSet();
     types_.FclLoad();
     if (InitSet) InitSet();
-    // Taken after InitSet, which loads the selected scene into the working copy.
-    if (read) rememberSaved();
-}
-
-std::string SetupFile::settingsNow() const {
-    std::string text = setupText(shared_, stores_);
-    // The file holds scenes 1..4. The selected camera's working copy, edited and not
-    // stored into its scene, is lost by a quit as well; it counts while it differs.
-    const int camera = shared_.CamNo;
-    const int scene = shared_.ScnNo(camera);
-    const long keys = static_cast<long>(val(stores_.MainKey(0)));
-    const long rows = camera >= 1 ? static_cast<long>(val(stores_.FuncScnData(0, 0, 0))) : 0;
-    std::string edited;
-    bool differs = false;
-    for (long f = 1; f <= keys; ++f) {
-        const std::string& v = stores_.MainScnData(f, camera, 0);
-        differs = differs || v != stores_.MainScnData(f, camera, scene);
-        (edited += v) += ',';
-    }
-    for (long r = 1; r <= rows; ++r) {
-        const std::string& v = stores_.FuncScnData(r, camera, 0);
-        differs = differs || v != stores_.FuncScnData(r, camera, scene);
-        (edited += v) += ',';
-    }
-    if (differs) text += "[working copy " + std::to_string(camera) + "]" + edited;
-    return text;
+    // From here a SAVE that would write other bytes than the file holds marks the title.
+    if (read) held_ = std::move(loaded_);
 }
 
 bool SetupFile::modified() const {
     try {
-        return settingsNow() != savedSettings_;
+        return !setupTextIs(shared_, stores_, held_);
     } catch (const RuntimeError&) {
         return true;
     }
@@ -82,9 +58,9 @@ bool SetupFile::modified() const {
 
 void SetupFile::rememberSaved() {
     try {
-        savedSettings_ = settingsNow();
+        held_ = setupText(shared_, stores_);
     } catch (const RuntimeError&) {
-        savedSettings_.clear();
+        held_.clear();
     }
 }
 
@@ -101,10 +77,11 @@ bool SetupFile::CsdLoad() {
     // What an interrupted save of this file left beside it goes, whether or not the file
     // was used before.
     removeStaleSaving(writer_, FileName);
-    const auto text = readTextFile(FileName);
+    auto text = readTextFile(FileName);
     if (!text) return false;
+    loaded_ = std::move(*text);
     try {
-        loadText(*text);
+        loadText(loaded_);
     } catch (const RuntimeError& e) {
         // What was read stays; the rest of the file is not read. No box: a word in passing.
         tellLoad(&e);
@@ -123,7 +100,7 @@ void SetupFile::CsdSave() {
         messages_.show("The setup data file could not be saved: " + *saved.error, Icon::Exclamation);
         return;
     }
-    rememberSaved();
+    held_ = text;
     if (saved.backup && !setupData && Notify)
         Notify("The replaced file did not look like setup data; its previous content is kept in " +
                saved.backup->string());

@@ -73,9 +73,10 @@ public:
     void SAVE_Click();     // CsdSave to the current file, or CsdSave_New when there is none
     void SAVE_AS_Click();  // CsdSave_New
 
-    // Whether the settings hold changes not saved or opened since: what a save would write,
-    // or a camera's working copy, differs from what it was just after the last open or
-    // save. Settings that cannot be listed (a store beyond its rows) count as a change.
+    // Whether SAVE would write other bytes than the open file holds (as it was read or
+    // last written); with no file open, whether the settings differ from those at
+    // start-up. The working copy is not part of a file (only STORE puts it into a scene).
+    // Settings that cannot be listed (a store beyond its rows) count as a change.
     bool modified() const;
     // Takes the present settings as the saved ones (at start-up, with nothing to lose).
     void rememberSaved();
@@ -104,8 +105,9 @@ private:
     FileDialogs& dialogs_;
     FileWriter& writer_;
     LoadTrace trace_;
-    std::string settingsNow() const;
-    std::string savedSettings_;
+    // The bytes the open file holds, or the settings' text at start-up.
+    std::string held_;
+    std::string loaded_;  // the bytes of the file the last load read
 };
 
 }  // namespace station

@@ -3,6 +3,7 @@
 // and what the diagnostic listing shows.
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "camtype/setting_stores.hpp"
@@ -21,5 +22,9 @@ std::vector<std::string> setupLines(const Shared& shared, const SettingStores& s
 
 // The whole file content: the lines of SetupListing::File, each ending in CR LF.
 std::string setupText(const Shared& shared, const SettingStores& stores);
+
+// Whether setupText would give exactly `text`, found by walking the settings without
+// building the text. The same errors as setupText.
+bool setupTextIs(const Shared& shared, const SettingStores& stores, std::string_view text);
 
 }  // namespace station

@@ -33,10 +33,13 @@ public:
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setStyle(QStringLiteral("Fusion"));
-    // The main window, or with a second argument the "Function" window or the line log.
-    const std::string which = argc == 3 ? argv[2] : "main";
-    if ((argc != 2 && argc != 3) || (which != "main" && which != "function" && which != "line-log")) {
-        std::cerr << "usage: station-screenshot OUTPUT.png [main|function|line-log]\n";
+    // The main window, or with a second argument the "Function" window or the line log; a
+    // third gives the window's outer size in screen pixels (a small screen, say "1280x690").
+    const std::string which = argc >= 3 ? argv[2] : "main";
+    const QStringList size = argc == 4 ? QString::fromLatin1(argv[3]).split(QLatin1Char('x')) : QStringList();
+    if (argc < 2 || argc > 4 || (which != "main" && which != "function" && which != "line-log") ||
+        (argc == 4 && size.size() != 2)) {
+        std::cerr << "usage: station-screenshot OUTPUT.png [main|function|line-log] [WIDTHxHEIGHT]\n";
         return 2;
     }
     const auto samples = ui::samplesFolder(QCoreApplication::applicationDirPath().toStdString());
@@ -61,6 +64,10 @@ int main(int argc, char** argv) {
     if (which == "function") view.forward([&station] { station.scenes.Command5_Click(); });
     if (which == "line-log") view.forward([&station] { station.line.window.Show(); });
 
+    if (size.size() == 2) {
+        const qreal scale = view.mainWindow().devicePixelRatioF();
+        view.mainWindow().resize(qRound(size[0].toInt() / scale), qRound(size[1].toInt() / scale));
+    }
     int result = 0;
     QTimer::singleShot(1500, [&] {
         QWidget& window = which == "function" ? static_cast<QWidget&>(view.functionWindow())

@@ -2,6 +2,8 @@
 // scenes, copy, store and clear, read and write pages, save and load again.
 #include <gtest/gtest.h>
 
+#include "app/second_press.hpp"
+#include "setupfile/setup_text.hpp"
 #include "tests/app/station_rig.hpp"
 
 namespace station {
@@ -67,55 +69,94 @@ TEST(Workflow, StoreClearRecall) {
     EXPECT_TRUE(rig.takeQueued().empty());
 }
 
-// The title's mark: an edit, a STORE or a reply that changes the working copy counts until
-// SAVE or OPEN; a camera or scene shown again without a change does not.
-TEST(Workflow, ModifiedUntilSavedOrOpened) {
+// The title's mark is exactly "SAVE would write other bytes than the file holds"; the
+// working copy is in no file and is told apart ("not stored" until STORE, CLEAR or recall).
+TEST(Workflow, MarksTellWhatSaveAndStoreWouldKeep) {
     Studio rig;
     Station& s = rig.s;
+    const auto stored = [&s] { return s.scenes.workingCopyStored(); };
     EXPECT_FALSE(s.setupFile.modified());
     s.form1.Option9.click(2);  // selecting loads the stored scene: nothing new
+    s.form1.Option7.click(3);
+    EXPECT_TRUE(s.setupFile.modified());  // the file keeps each camera's scene number
+    s.form1.Option7.click(2);
     EXPECT_FALSE(s.setupFile.modified());
+    EXPECT_TRUE(stored());
 
     const int bar = val(rig.field(mBar, 2)) == 0 ? 1 : 0;
     s.form1.OptBar.click(bar);
-    EXPECT_TRUE(s.setupFile.modified());
-    s.form1.OptBar.click(1 - bar);  // back as stored
     EXPECT_FALSE(s.setupFile.modified());
+    EXPECT_FALSE(stored());
+    EXPECT_TRUE(s.scenes.pressDropsChanges(3));
+    EXPECT_FALSE(s.scenes.pressDropsChanges(2));  // the camera shown: nothing reloads
+    s.form1.OptBar.click(1 - bar);  // back as stored
+    EXPECT_TRUE(stored());
 
-    // STORE into the scene shown: the working copy matches it again, the scene changed.
+    // STORE into the scene shown: the scene, and so the file to be written, changed.
     s.form1.OptBar.click(bar);
     s.form1.ScnStore.setValue(1);
     s.form1.Option7.click(s.shared.ScnNo(2));
-    EXPECT_TRUE(rig.workingCopyIs(2, s.shared.ScnNo(2)));
+    EXPECT_TRUE(stored());
     EXPECT_TRUE(s.setupFile.modified());
 
     const auto file = rig.folder.path() / "day.csd";
     rig.dialogs.saveAnswer = file.string();
     s.SAVE_AS_Click();
-    ASSERT_TRUE(std::filesystem::exists(file));
+    EXPECT_EQ(testing::readBytes(file), setupText(s.shared, s.stores));
     EXPECT_FALSE(s.setupFile.modified());
 
-    // A camera's reply fills the working copy: lost by a quit unless stored, so marked.
+    // A camera's reply fills the working copy: not stored, and no change to the file.
     rig.run(200);
     rig.port.arrive(testing::reply(bar == 1 ? "220800" : "220801"));
     rig.run(200);
     EXPECT_EQ(rig.field(mBar, 2), std::to_string(1 - bar));
+    EXPECT_FALSE(stored());
+    EXPECT_FALSE(s.setupFile.modified());
+    s.form1.Command2.Enabled = true;
+    s.scenes.Command2_Click();  // CLEAR
+    EXPECT_TRUE(stored());
+    s.form1.Option9.click(0);  // GROUP shows its monitor select of none as 16: no change
+    EXPECT_TRUE(stored());
+    s.form1.Option9.click(2);
+
+    // A plain function value is kept per camera, not per scene: straight into the file.
+    s.stores.FuncData(1, 2) += "1";
     EXPECT_TRUE(s.setupFile.modified());
     s.SAVE_Click();  // to the same file, without a dialog
     EXPECT_FALSE(s.setupFile.modified());
 
-    // OPEN throws the edits away; a cancelled OPEN with no file read keeps the mark.
+    // OPEN: the file's own bytes count. One written elsewhere (LF line ends) would be
+    // written differently by SAVE, so it is marked from the start.
     s.form1.OptBar.click(bar);
     rig.open(file);
     EXPECT_FALSE(s.setupFile.modified());
-    EXPECT_EQ(rig.field(mBar, 2, s.shared.ScnNo(2)), std::to_string(bar));
+    std::string lf = testing::readBytes(file);
+    for (std::size_t at = lf.find("\r\n"); at != std::string::npos; at = lf.find("\r\n", at)) lf.erase(at, 1);
+    rig.open(rig.folder.write("lf.csd", lf));
+    EXPECT_TRUE(s.setupFile.modified());
 
-    StationRig fresh;
+    StationRig fresh;  // no file: the settings at start-up count
     fresh.station.form1.OptBar.click(1);
+    EXPECT_FALSE(fresh.station.setupFile.modified());
+    fresh.station.form1.ScnStore.setValue(1);
+    fresh.station.form1.Option7.click(1);
     EXPECT_TRUE(fresh.station.setupFile.modified());
     fresh.dialogs.openAnswer.reset();
-    fresh.station.OPEN_Click();
+    fresh.station.OPEN_Click();  // cancelled, nothing read: still marked
     EXPECT_TRUE(fresh.station.setupFile.modified());
+}
+
+// A bare camera key that would drop changes waits for its second press within two seconds.
+TEST(Workflow, SecondPressWithinTwoSeconds) {
+    SecondPress press;
+    EXPECT_TRUE(press.chooses(3, false, 0));
+    EXPECT_FALSE(press.chooses(3, true, 1000));
+    EXPECT_TRUE(press.chooses(3, true, 3000));  // 2 s after the first
+    EXPECT_FALSE(press.chooses(3, true, 4000));
+    EXPECT_FALSE(press.chooses(4, true, 4500));  // another key starts again
+    EXPECT_FALSE(press.chooses(3, true, 5000));
+    EXPECT_FALSE(press.chooses(3, true, 7001));  // too late: a first press again
+    EXPECT_TRUE(press.chooses(3, true, 7500));
 }
 
 TEST(Workflow, CopySameTypeOnly) {

@@ -81,6 +81,7 @@ TEST(LineOnPty, DeviceComesAndGoes) {
         ASSERT_TRUE(runUntil([&] { return received.size() >= before + 4; }, 5s)) << cycle;
         camera.reset();
         ASSERT_TRUE(runUntil([&] { return !station.line.connected(); }, 3s)) << cycle;
+        EXPECT_NE(station.line.log.text().find(device.string() + ": device removed"), std::string::npos);
         queue(3);
         EXPECT_FALSE(runUntil([&] { return station.line.connected(); }, 300ms));
 

@@ -84,6 +84,43 @@ private slots:
         QCOMPARE(rig.takeQueued(), Commands{"30507F00"});
         QCOMPARE(items.item(1)->text(), QStringLiteral("Gamma Level: 7F"));
     }
+
+    // The window opens on its function list, and Enter sends a value only once one was
+    // chosen: not from the list of functions, not from an empty search.
+    void enterSendsNothingUntilAValueIsChosen() {
+        ViewRig rig;
+        rig.openStudio();
+        rig.view->mainWindow().show();
+        QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);  // "FUNC"
+        QWidget& window = rig.view->functionWindow();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        auto& functions = rig.widget<QListWidget>(window, "List1");
+        QCOMPARE(window.focusWidget(), &functions);
+
+        functions.setCurrentRow(0);  // "Gamma"
+        rig.widget<QListWidget>(window, "List2").setCurrentRow(0);  // "Gamma Mode": named values
+        QVERIFY(rig.widget<QListWidget>(window, "List3").isVisibleTo(&window));
+        rig.takeQueued();
+        const std::size_t frames = rig.port.writes.size();
+        QTest::keyClick(&functions, Qt::Key_Return);
+        auto& search = rig.widget<QLineEdit>(window, "List3.search");
+        search.setFocus();
+        QTest::keyClick(&search, Qt::Key_Return);
+        QTest::keyClicks(&search, "  ");
+        QTest::keyClick(&search, Qt::Key_Enter);
+        QTest::qWait(200);  // five polls: anything queued would be on the line
+        QVERIFY(rig.takeQueued().empty());
+        QCOMPARE(rig.port.writes.size(), frames);
+
+        // Closed from the search box and opened again: on the function list once more.
+        QTest::keyClick(&window, Qt::Key_Escape);
+        QVERIFY(!window.isVisible());
+        QTest::mouseClick(&rig.main<QAbstractButton>("Command5"), Qt::LeftButton);
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        QCOMPARE(window.focusWidget(), &functions);
+    }
 };
 
 QTEST_MAIN(FunctionWindowTest)

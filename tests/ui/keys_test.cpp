@@ -1,12 +1,17 @@
 // The keyboard works the main window through the same model calls as the mouse.
 #include <QAction>
+#include <QLabel>
+#include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
+#include <QStatusBar>
 #include <QtTest>
 
+#include "tests/support/frames.hpp"
+#include "tests/support/temp_folder.hpp"
 #include "tests/ui/menu_walk.hpp"
 #include "tests/ui/view_rig.hpp"
 #include "ui/windows/camera_set_window.hpp"
@@ -244,16 +249,101 @@ private slots:
         QVERIFY(rig.takeQueued().empty());
     }
 
-    void theTitleMarksChangesNotSaved() {
+    // The title's "*" says SAVE would change the file; the scene button's mark and "not
+    // stored" say the panel holds what no scene (and so no file) holds.
+    void marksTellWhatSaveAndStoreWouldKeep() {
         ViewRig rig;
         rig.openStudio();
-        QWidget& window = rig.view->mainWindow();
-        const QString title = QStringLiteral("studio.csd - Camera Control");
-        QCOMPARE(window.windowTitle(), title);
-        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(1)"), Qt::LeftButton);
-        QCOMPARE(window.windowTitle(), QStringLiteral("*") + title);
-        QTest::mouseClick(&rig.main<QRadioButton>("OptBar(0)"), Qt::LeftButton);
-        QCOMPARE(window.windowTitle(), title);
+        QMainWindow& window = rig.view->mainWindow();
+        auto& mark = rig.main("notStoredMark");
+        auto& state = rig.main<QLabel>("panelState");
+        const auto marked = [&](const QString& name) {
+            return mark.isVisibleTo(&window) && mark.parentWidget()->objectName() == name &&
+                   state.text().contains(QStringLiteral("not stored"));
+        };
+        QCOMPARE(window.windowTitle(), QStringLiteral("studio.csd - Camera Control"));
+        const int scene = rig.station.shared.ScnNo(1);
+        const int other = scene == 1 ? 2 : 1;
+        const auto sceneButton = [](int n) { return QStringLiteral("Option7(%1)").arg(n); };
+
+        // Another scene and back: the file would be written as it is.
+        QTest::mouseClick(&rig.main<QPushButton>(qPrintable(sceneButton(other))), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), QStringLiteral("*studio.csd - Camera Control"));  // its scene number
+        QTest::mouseClick(&rig.main<QPushButton>(qPrintable(sceneButton(scene))), Qt::LeftButton);
+        QCOMPARE(window.windowTitle(), QStringLiteral("studio.csd - Camera Control"));
+        QVERIFY(!mark.isVisibleTo(&window));
+
+        // An edit is in the working copy only: marked on the scene, not in the title.
+        const bool bar = rig.main<QRadioButton>("OptBar(1)").isChecked();
+        QTest::mouseClick(&rig.main<QRadioButton>(bar ? "OptBar(0)" : "OptBar(1)"), Qt::LeftButton);
+        QVERIFY(marked(sceneButton(scene)));
+        QCOMPARE(window.windowTitle(), QStringLiteral("studio.csd - Camera Control"));
+
+        // STORE puts it into the scene, and so into what SAVE writes.
+        rig.main<QAbstractButton>("ScnStore").click();
+        QTest::mouseClick(&rig.main<QPushButton>(qPrintable(sceneButton(scene))), Qt::LeftButton);
+        QVERIFY(!mark.isVisibleTo(&window));
+        QCOMPARE(window.windowTitle(), QStringLiteral("*studio.csd - Camera Control"));
+
+        // SAVE AS: the file holds what the stores hold, and the mark goes.
+        TempFolder folder;
+        const auto file = folder / "day.csd";
+        rig.dialogs.saveAnswer = file.string();
+        rig.view->forward([&rig] { rig.station.SAVE_AS_Click(); });
+        QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
+        {
+            ViewRig again;
+            again.dialogs.openAnswer = file.string();
+            again.view->forward([&again] { again.station.OPEN_Click(); });
+            QCOMPARE(QString::fromStdString(again.station.stores.MainScnData(1, 1, scene)),
+                     QString::fromLatin1(bar ? "0" : "1"));
+            QCOMPARE(again.view->mainWindow().windowTitle(), QStringLiteral("day.csd - Camera Control"));
+        }
+
+        // Camera to PC: the camera's values fill the working copy, which no file holds.
+        rig.view->forward([&rig] { rig.station.pages.READ_Click(); });
+        rig.port.arrive(reply(bar ? "22 08 01" : "22 08 00"));  // the camera still has the old bar
+        QTRY_VERIFY(marked(sceneButton(scene)));
+        QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
+
+        // CLEAR goes back to the scene.
+        QTest::mouseClick(&rig.main<QPushButton>("Command2"), Qt::LeftButton);
+        QVERIFY(!mark.isVisibleTo(&window));
+        QVERIFY(!state.text().contains(QStringLiteral("not stored")));
+    }
+
+    // A bare camera key does not drop unstored changes on one slip; a click does as it
+    // always has. G says the panel now works every camera.
+    void aCameraKeyAsksTwiceBeforeDroppingChanges() {
+        ViewRig rig;
+        rig.openStudio();
+        showActive(rig);
+        QMainWindow& window = rig.view->mainWindow();
+        QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
+                          Qt::LeftButton);
+        const std::string edited = rig.station.stores.MainScnData(1, 1, 0);
+        QTest::keyClick(&window, Qt::Key_2);
+        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.station.stores.MainScnData(1, 1, 0), edited);
+        QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Not stored: press 2 again to choose camera 2"));
+        QTest::keyClick(&window, Qt::Key_3);  // another key is a first press of its own
+        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QTest::keyClick(&window, Qt::Key_3);
+        QCOMPARE(rig.station.form1.Option9.selected(), 3);
+
+        // Nothing unstored: one press chooses.
+        QTest::keyClick(&window, Qt::Key_G);
+        QCOMPARE(rig.station.form1.Option9.selected(), 0);
+        QCOMPARE(rig.main<QLabel>("panelState").text(), QStringLiteral("GROUP: every camera"));
+        QTest::keyClick(&window, Qt::Key_1);
+        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.main<QLabel>("panelState").text(), QString());
+
+        // The camera button itself chooses at once, unstored changes or not.
+        QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
+                          Qt::LeftButton);
+        QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
+        QCOMPARE(rig.station.form1.Option9.selected(), 2);
     }
 
     void satelliteWindowsStayAboveTheMainWindow() {

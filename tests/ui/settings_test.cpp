@@ -68,7 +68,9 @@ private slots:
 
             menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
             QCOMPARE(station.setupFile.FileName, studio);
-            QVERIFY(view.mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
+            QVERIFY(QString::fromStdString(station.line.log.text()).contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
+            QTRY_VERIFY_WITH_TIMEOUT(
+                view.mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")), 30000);
             QCOMPARE(remembered.recentFiles(), std::vector<std::string>{studio});
 
             view.mainWindow().setGeometry(40, 50, 900, 600);

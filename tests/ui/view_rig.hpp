@@ -23,13 +23,16 @@ namespace station::testing {
 class AnsweredDialogs : public FileDialogs {
 public:
     std::optional<std::string> openFile(const std::string&) override { return openAnswer; }
-    std::optional<std::string> saveFile(const std::string&) override { return std::nullopt; }
+    std::optional<std::string> saveFile(const std::string&) override { return saveAnswer; }
     bool confirmReplace(const std::string&) override { return false; }
     std::optional<std::string> openAnswer;
+    std::optional<std::string> saveAnswer;
 };
 
 struct ViewRig {
-    ViewRig() {
+    // portMissing: port 1 cannot be opened at start-up, as when its adapter is unplugged.
+    explicit ViewRig(bool portMissing = false) {
+        port.failOpen = portMissing;
         view = std::make_unique<ui::StationView>(station, modal);
         view->onEnded = [this] { ended = true; };
         station.Form_Load();

@@ -1,6 +1,8 @@
 // The windows forward each gesture to the station's models and show the models' state.
 #include <QAction>
 #include <QLabel>
+#include <QMainWindow>
+#include <QStatusBar>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
@@ -219,6 +221,30 @@ private slots:
         QVERIFY(status.text().startsWith(QStringLiteral("simulated line  |")));
         menus.action(QStringLiteral("Line log"))->trigger();
         QVERIFY(rig.widget<QPlainTextEdit>(rig.view->lineLogWindow(), "lineLogText").toPlainText().contains("Line lost"));
+    }
+
+    // Started without its port: the word appears once the window is up, in place of the line's
+    // state (never drawn over it), stays while a later word waits, and is in the line log.
+    void aStartUpNoticeIsReadable() {
+        ViewRig rig(true);
+        QMainWindow& window = rig.view->mainWindow();
+        const QString told = QString::fromStdString(rig.station.notice.last());
+        QVERIFY(told.startsWith(QStringLiteral("Port not available")));
+        window.hide();  // as at start-up, before the window is on the screen
+        QCoreApplication::processEvents();
+        QVERIFY(window.statusBar()->currentMessage().isEmpty());
+
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        QTRY_COMPARE(window.statusBar()->currentMessage(), told);
+        QVERIFY(!rig.main<QLabel>("lineStatus").isVisible());
+        for (const QWidget* w : window.statusBar()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+            QVERIFY2(!w->isVisible() || w->x() > window.statusBar()->width() / 2, qPrintable(w->objectName()));
+
+        rig.station.notice.raise("a later word");
+        QTest::qWait(100);
+        QCOMPARE(window.statusBar()->currentMessage(), told);
+        QVERIFY(QString::fromStdString(rig.station.line.log.text()).contains(QStringLiteral("Not connected: port not available")));
     }
 
     void quitStopsTheTimersAndEndsOnce() {

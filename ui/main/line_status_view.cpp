@@ -12,7 +12,10 @@ LineStatusView::LineStatusView(const Station& station, QWidget* parent) : QLabel
 
 void LineStatusView::render() {
     const QString text = qs(station_.lineStatus());
-    if (text != this->text()) setText(text);
+    if (text != this->text()) {
+        setText(text);
+        setToolTip(text);  // whole, where a narrow window cuts the label
+    }
     const LineCondition now = station_.line.condition();
     if (now == shown_) return;
     // A line that is not connected stands out; a connected one looks like any status text.

@@ -1,6 +1,7 @@
 #include "ui/main/main_keys.hpp"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QGridLayout>
 #include <QMainWindow>
 #include <QMenu>
@@ -31,7 +32,10 @@ std::vector<QWidget*> controlsOf(QWidget& region) {
 
 }  // namespace
 
-MainKeys::MainKeys(Form1& form, const Forward& forward, QMainWindow& window, MainMenus& menus) : form_(form) {
+MainKeys::MainKeys(Form1& form, const CameraScenes& scenes, const Forward& forward, QMainWindow& window,
+                   MainMenus& menus, std::function<void(const QString&)> say)
+    : form_(form), scenes_(scenes), say_(std::move(say)) {
+    clock_.start();
     bind(menus.action(QStringLiteral("OPEN")), QKeySequence(QStringLiteral("Ctrl+O")));
     bind(menus.action(QStringLiteral("SAVE")), QKeySequence(QStringLiteral("Ctrl+S")));
     bind(menus.action(QStringLiteral("SAVE AS")), QKeySequence(QStringLiteral("Ctrl+Shift+S")));
@@ -41,6 +45,8 @@ MainKeys::MainKeys(Form1& form, const Forward& forward, QMainWindow& window, Mai
     bind(menus.action(version), QKeySequence(Qt::Key_F1));
 
     auto* menu = new QMenu(QStringLiteral("&Camera"), &window);
+    auto* oneOf = new QActionGroup(menu);  // one camera at a time: radio marks
+    oneOf->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     QAction* help = nullptr;
     for (QAction* a : window.menuBar()->actions())
         if (a->menu() != nullptr && a->text() == QStringLiteral("&Help")) help = a;
@@ -49,14 +55,24 @@ MainKeys::MainKeys(Form1& form, const Forward& forward, QMainWindow& window, Mai
         auto* action = new QAction(i == 0 ? QStringLiteral("GROUP") : QStringLiteral("Camera %1").arg(i), &window);
         action->setShortcut(QKeySequence(cameraKey(i)));
         action->setCheckable(true);
-        QObject::connect(action, &QAction::triggered,
-                         [f = &form, forward, i] { forward([f, i] { f->Option9.click(i); }); });
+        oneOf->addAction(action);
+        QObject::connect(action, &QAction::triggered, [this, forward, i] { press(i, forward); });
         menu->addAction(action);
         window.addAction(action);  // the key works wherever the focus is in the main window
         if (i == 0) menu->addSeparator();
         cameras_.at(static_cast<std::size_t>(i)) = action;
     }
     render();
+}
+
+void MainKeys::press(int index, const Forward& forward) {
+    if (presses_.chooses(index, scenes_.pressDropsChanges(index), clock_.elapsed())) {
+        forward([f = &form_, index] { f->Option9.click(index); });
+        return;
+    }
+    say_(QStringLiteral("Not stored: press %1 again to choose %2")
+             .arg(cameraKey(index), index == 0 ? QStringLiteral("GROUP") : QStringLiteral("camera %1").arg(index)));
+    render();  // the menu's mark goes back to the camera still chosen
 }
 
 QString MainKeys::cameraKey(int index) { return index == 0 ? QStringLiteral("G") : QString::number(index); }

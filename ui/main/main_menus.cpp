@@ -1,6 +1,7 @@
 #include "ui/main/main_menus.hpp"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -40,9 +41,13 @@ MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : 
     entry(setup, QStringLiteral("ID/Camera set"), forward, [s] { s->Camera_ID_Click(); });
     idOn_ = entry(setup, QString(), forward, [s] { s->IDcont_Click(); }, true);
     setup->addSeparator();
-    for (int i = 0; i < 2; ++i) ack_[i] = entry(setup, QString(), forward, [s, i] { s->ACK_Click(i); }, true);
+    // One of two: drawn with radio marks. The click goes to the model all the same.
+    auto* acks = new QActionGroup(setup);
+    for (int i = 0; i < 2; ++i) acks->addAction(ack_[i] = entry(setup, QString(), forward, [s, i] { s->ACK_Click(i); }, true));
     setup->addSeparator();
-    for (int i = 0; i < 2; ++i) speed_[i] = entry(setup, QString(), forward, [s, i] { s->Speed_Click(i); }, true);
+    auto* speeds = new QActionGroup(setup);
+    for (int i = 0; i < 2; ++i)
+        speeds->addAction(speed_[i] = entry(setup, QString(), forward, [s, i] { s->Speed_Click(i); }, true));
     setup->addSeparator();
     port_ = std::make_unique<PortMenu>(station, forward, *setup);
     entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });

@@ -3,6 +3,9 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -12,6 +15,7 @@
 #include "ui/panel/filter_tally_view.hpp"
 #include "ui/panel/levels_view.hpp"
 #include "ui/main/main_tooltips.hpp"
+#include "ui/main/notice_queue.hpp"
 #include "ui/panel/mode_view.hpp"
 #include "ui/panel/monitor_view.hpp"
 #include "ui/panel/scene_view.hpp"
@@ -19,6 +23,22 @@
 #include "ui/widgets/focus_mark.hpp"
 
 namespace station::ui {
+
+namespace {
+
+// Asks for the whole panel's size, where Qt's own scroll area asks for a small box: the
+// window opens showing everything when the screen has room, and scrolls only when not.
+class PanelScroll : public QScrollArea {
+public:
+    using QScrollArea::QScrollArea;
+    QSize sizeHint() const override {
+        if (widget() == nullptr) return QScrollArea::sizeHint();
+        const int scrollBar = style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        return widget()->sizeHint() + QSize(scrollBar, 0);
+    }
+};
+
+}  // namespace
 
 MainWindow::MainWindow(Station& station, Forward forward)
     : station_(station), forward_(std::move(forward)) {
@@ -43,32 +63,74 @@ MainWindow::MainWindow(Station& station, Forward forward)
     middle->addWidget(extras_);
     middle->addWidget(levels_);
 
+    // The panel scrolls when the screen is smaller than it (a laptop at 150 %, a 1024x600
+    // screen); the LINE box below it and the status bar stay in sight.
+    auto* panel = new QWidget;
+    panel->setObjectName(QStringLiteral("panel"));
+    cameras_->setParent(panel);
+    scenes_->setParent(panel);
+    transfer_->setParent(panel);
+    modes_->setParent(panel);
+    levels_->setParent(panel);
+    extras_->setParent(panel);
+    auto* panelColumn = new QVBoxLayout(panel);
+    panelColumn->setContentsMargins(0, 0, 0, 0);
+    panelColumn->addWidget(cameras_);
+    panelColumn->addLayout(middle, 1);
+    auto* scroll = new PanelScroll(central);
+    scroll->setObjectName(QStringLiteral("panelScroll"));
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setWidget(panel);
+
     auto* column = new QVBoxLayout(central);
-    column->addWidget(cameras_);
-    column->addLayout(middle, 1);
+    column->addWidget(scroll, 1);
     column->addWidget(monitor_);
     setCentralWidget(central);
     new FocusMark(*central);
 
     menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
-    keys_ = std::make_unique<MainKeys>(station.form1, forward_, *this, *menus_);
+    notices_ = new NoticeQueue(*this);
+    keys_ = std::make_unique<MainKeys>(station.form1, station.scenes, forward_, *this, *menus_,
+                                       [n = notices_](const QString& text) { n->sayNow(text, 2000); });
     std::vector<QWidget*> reading{cameras_, scenes_, transfer_};
     for (QWidget* group : gridOrder(*modes_)) reading.push_back(group);
     reading.insert(reading.end(), {extras_, levels_});
     setReadingOrder(reading);
     explainMainWindow(*this);
     status_ = new LineStatusView(station, this);
+    // A long line state is cut at the window's edge (the Line log holds it whole); it never
+    // makes the window wider than the screen.
+    status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(status_, 1);
+    panelState_ = new QLabel(this);
+    panelState_->setObjectName(QStringLiteral("panelState"));
+    panelState_->setStyleSheet(QStringLiteral("font-weight: bold;"));
+    statusBar()->addPermanentWidget(panelState_);
+    // Words raised before the window was there come first, in their order.
+    for (const std::string& text : station.notice.takeWaiting()) notices_->add(fileText(text));
+    station.notice.shown = [n = notices_](const std::string& text) { n->add(fileText(text)); };
     answers_ = std::make_unique<AnswerMarks>(station.line, *cameras_);
     render();
+    // Qt's first size for a window is at most two thirds of the screen: the whole panel where
+    // the screen has room for it, else the screen less room for the title bar (the panel
+    // scrolls). A place remembered from the last run replaces this.
+    if (const QScreen* shown = screen())
+        resize(sizeHint().boundedTo(shown->availableGeometry().size() - QSize(0, 40)));
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() { station_.notice.shown = nullptr; }
 
 void MainWindow::render() {
-    // "*" before the title while the settings hold changes not saved: quitting does not
-    // ask, so the title is the operator's warning.
+    // "*" before the title while SAVE would write other bytes than the file holds: quitting
+    // does not ask, so the title is the operator's warning. Changes not stored into a scene
+    // are in no file; they are marked on the scene button and here in the status bar.
     showWindow(*this, station_.form1.form, station_.setupFile.modified() ? QStringLiteral("*") : QString());
+    QStringList state;
+    if (station_.shared.CamNo == 0) state << QStringLiteral("GROUP: every camera");
+    if (!station_.scenes.workingCopyStored()) state << QStringLiteral("not stored");
+    const QString stateText = state.join(QStringLiteral(" \u00b7 "));
+    if (panelState_->text() != stateText) panelState_->setText(stateText);
     cameras_->render();
     scenes_->render();
     transfer_->render();

@@ -3,6 +3,7 @@
 // groups, the level bars, filter, tally and auto set-up, the traffic monitor and the
 // menus. Closing it ends the station as "&Quit" does.
 
+#include <QLabel>
 #include <QMainWindow>
 
 #include <memory>
@@ -23,6 +24,7 @@ class FilterTallyView;
 class MonitorView;
 class LineStatusView;
 class AnswerMarks;
+class NoticeQueue;
 
 class MainWindow : public QMainWindow {
 public:
@@ -30,6 +32,7 @@ public:
     ~MainWindow() override;
     void render();
     MainMenus& menus() { return *menus_; }
+    NoticeQueue& notices() { return *notices_; }
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -46,6 +49,8 @@ private:
     MonitorView* monitor_;
     std::unique_ptr<MainMenus> menus_;
     LineStatusView* status_;
+    QLabel* panelState_;  // "GROUP: every camera", "not stored"
+    NoticeQueue* notices_;
     std::unique_ptr<AnswerMarks> answers_;
     std::unique_ptr<MainKeys> keys_;
 };

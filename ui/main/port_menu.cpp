@@ -1,6 +1,7 @@
 #include "ui/main/port_menu.hpp"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QInputDialog>
 #include <QMenu>
 #include <QSerialPortInfo>
@@ -8,7 +9,8 @@
 namespace station::ui {
 
 PortMenu::PortMenu(Station& station, Forward forward, QMenu& setup)
-    : station_(station), forward_(std::move(forward)), menu_(setup.addMenu(QStringLiteral("Port"))) {
+    : station_(station), forward_(std::move(forward)), menu_(setup.addMenu(QStringLiteral("Port"))),
+      choices_(new QActionGroup(menu_)) {
     menu_->setObjectName(QStringLiteral("portMenu"));
     QObject::connect(menu_, &QMenu::aboutToShow, [this] { refresh(); });
     refresh();
@@ -17,6 +19,7 @@ PortMenu::PortMenu(Station& station, Forward forward, QMenu& setup)
 void PortMenu::addChoice(const QString& text, const PortChoice& choice) {
     auto* action = menu_->addAction(text);
     action->setCheckable(true);
+    choices_->addAction(action);
     action->setChecked(choice == station_.line.choice());
     QObject::connect(action, &QAction::triggered, [s = &station_, f = forward_, choice] {
         f([s, choice] { s->choosePort(choice); });

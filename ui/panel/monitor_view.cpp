@@ -18,6 +18,7 @@ QLabel* trafficLabel(QWidget* parent, const char* name) {
     label->setFrameShadow(QFrame::Sunken);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setMinimumWidth(360);
+    label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // long traffic never widens the window
     return label;
 }
 
@@ -27,6 +28,7 @@ MonitorView::MonitorView(Link& link, Form1& form, QWidget* parent)
     : QGroupBox(QStringLiteral("LINE"), parent), link_(link), form_(form), sent_(trafficLabel(this, "Label10")),
       received_(trafficLabel(this, "Label11")), fault_(new QLabel(this)) {
     fault_->setObjectName(QStringLiteral("faultLine"));
+    fault_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     QPalette red = fault_->palette();
     red.setColor(QPalette::WindowText, Qt::darkRed);
     fault_->setPalette(red);

@@ -2,19 +2,45 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
+#include <QPainter>
 #include <QPushButton>
 
 namespace station::ui {
 
+namespace {
+
+// A small orange dot: the selected scene does not hold what the panel shows.
+class NotStoredMark : public QWidget {
+public:
+    explicit NotStoredMark(QWidget* parent) : QWidget(parent) {
+        setObjectName(QStringLiteral("notStoredMark"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setFixedSize(9, 9);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QColor(0x5a, 0x2e, 0x00), 1));
+        painter.setBrush(QColor(0xff, 0x8c, 0x00));
+        painter.drawEllipse(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+    }
+};
+
+}  // namespace
+
 SceneView::SceneView(Station& station, const Forward& forward, QWidget* parent)
-    : QGroupBox(QStringLiteral("SCENE"), parent), form_(station.form1),
+    : QGroupBox(QStringLiteral("SCENE"), parent), form_(station.form1), shared_(station.shared), logic_(station.scenes),
       scenes_(station.form1.Option7, "Option7", OptionButtons::Look::Push, this,
               [f = &station.form1, forward](int i) { forward([f, i] { f->Option7.click(i); }); }),
       store_(new QCheckBox(this)),
       clear_(commandButton(this, "Command2", forward, [s = &station] { s->scenes.Command2_Click(); })),
       preset_(commandButton(this, "Command1", forward, [s = &station] { s->scenes.Command1_Click(); })),
       func_(commandButton(this, "Command5", forward, [s = &station] { s->scenes.Command5_Click(); })),
-      lens_(commandButton(this, "Command6", forward, [s = &station] { s->scenes.Command6_Click(); })) {
+      lens_(commandButton(this, "Command6", forward, [s = &station] { s->scenes.Command6_Click(); })),
+      mark_(new NotStoredMark(this)) {
     setObjectName(QStringLiteral("scenes"));
     store_->setObjectName(QStringLiteral("ScnStore"));
     QObject::connect(store_, &QCheckBox::clicked, [f = &station.form1, forward] {
@@ -42,6 +68,22 @@ void SceneView::render() {
     showButton(*preset_, form_.Command1);
     showButton(*func_, form_.Command5);
     showButton(*lens_, form_.Command6);
+    renderMark();
+}
+
+void SceneView::renderMark() {
+    const int scene = shared_.ScnNo(shared_.CamNo);
+    const bool show = scene >= 1 && scene <= 4 && !logic_.workingCopyStored();
+    if (show) {
+        QAbstractButton& button = scenes_.button(scene);
+        if (mark_->parentWidget() != &button) {
+            mark_->setParent(&button);
+            mark_->setToolTip(QStringLiteral("The panel holds changes not stored into this scene"));
+        }
+        const QPoint corner(button.width() - mark_->width() - 3, 3);
+        if (mark_->pos() != corner) mark_->move(corner);
+    }
+    if (mark_->isVisible() != show) mark_->setVisible(show);
 }
 
 }  // namespace station::ui

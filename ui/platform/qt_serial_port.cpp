@@ -1,5 +1,7 @@
 #include "ui/platform/qt_serial_port.hpp"
 
+#include <QFileInfo>
+
 #include <algorithm>
 #include <stdexcept>
 #include <vector>
@@ -83,8 +85,12 @@ void QtSerialPort::checkLine() {
     // After an error on a hung-up device Qt may stop reading for good: the line is lost,
     // and only closing and opening again brings it back.
     const QSerialPort::SerialPortError error = port_.error();
-    if (error == QSerialPort::ResourceError || error == QSerialPort::ReadError || error == QSerialPort::WriteError)
-        throw LineFault(device_ + ": " + port_.errorString().toStdString());
+    if (error != QSerialPort::ResourceError && error != QSerialPort::ReadError && error != QSerialPort::WriteError)
+        return;
+    // An unplugged adapter takes its device node with it; Qt's own words for that ("Resource
+    // temporarily unavailable") do not say what happened.
+    if (!QFileInfo::exists(QString::fromStdString(device_))) throw LineFault(device_ + ": device removed");
+    throw LineFault(device_ + ": " + port_.errorString().toStdString());
 }
 
 void QtSerialPort::open() {

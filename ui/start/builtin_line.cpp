@@ -24,7 +24,9 @@ BuiltinLine::BuiltinLine(const std::filesystem::path& studioFile) { readStudio(s
 bool openNamedFile(Station& station, PresetDialogs& dialogs, const std::filesystem::path& file) {
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec)) {
-        station.notice.raise(file.string() + " was not found; it is taken off the recent files");
+        const std::string text = file.string() + " was not found; it is taken off the recent files";
+        station.notice.raise(text);
+        station.line.note(text, {}, 0);  // the status bar's words are all in the line log too
         return false;
     }
     dialogs.answerNextOpen(file.string());

@@ -3,7 +3,6 @@
 #include <QAction>
 #include <QMainWindow>
 #include <QMenu>
-#include <QStatusBar>
 
 #include "ui/main/main_menus.hpp"
 #include "ui/main/main_window.hpp"
@@ -28,15 +27,10 @@ RememberedSession::RememberedSession(RememberedSettings& settings, StationView& 
       }) {
     for (const std::string& file : settings.recentFiles()) removeStaleSaving(writer, file);
     station.setupFile.FileUsed = [&settings](const std::string& path) { settings.fileUsed(path); };
-    QStatusBar* status = view.mainWindow().statusBar();
-    station.notice.shown = [status](const std::string& text) { status->showMessage(fileText(text), 30'000); };
-    // A word raised at start-up, before there was a status bar to show it.
-    if (!station.notice.last().empty()) station.notice.shown(station.notice.last());
 }
 
 RememberedSession::~RememberedSession() {
     station_.setupFile.FileUsed = nullptr;
-    station_.notice.shown = nullptr;
     places_.rememberOpenWindows();
 }
 

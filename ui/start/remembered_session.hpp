@@ -1,9 +1,9 @@
 #pragma once
 // The desktop program's memory between runs, tied to a running station and its windows:
 // the windows go back where they were, the file menu offers the recent setup data files,
-// every file opened or saved whole joins that list, a temporary file that an interrupted
-// save of one of them left behind is removed, and the station's notices appear in the main
-// window's status bar. When it goes, it keeps the places of the windows still open.
+// every file opened or saved whole joins that list, and a temporary file that an interrupted
+// save of one of them left behind is removed. When it goes, it keeps the places of the
+// windows still open.
 
 #include "app/station.hpp"
 #include "setupfile/file_writer.hpp"

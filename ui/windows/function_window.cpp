@@ -67,8 +67,10 @@ FunctionWindow::FunctionWindow(Station& station, const Forward& forward, QWidget
     search_->setClearButtonEnabled(true);
     search_->setToolTip(QStringLiteral("Shows only the values whose name holds this text"));
     QObject::connect(search_, &QLineEdit::textChanged, [this] { applyFilter(); });
-    // Enter in the search chooses the first value that matches, as Enter on it would.
+    // Enter in the search chooses the first value that matches, as Enter on it would; with
+    // nothing typed it chooses nothing (every value would match, and the first would go).
     QObject::connect(search_, &QLineEdit::returnPressed, [f, forward, this] {
+        if (search_->text().trimmed().isEmpty()) return;
         int row = 0;
         while (row < values_->count() && values_->item(row)->isHidden()) ++row;
         if (row >= values_->count() || !values_->isEnabled()) return;
@@ -139,6 +141,12 @@ FunctionWindow::FunctionWindow(Station& station, const Forward& forward, QWidget
     setTabOrder(values_, slider_);
     setTabOrder(slider_, hex_);
     render();
+}
+
+void FunctionWindow::showEvent(QShowEvent* event) {
+    SatelliteWindow::showEvent(event);
+    // The window opens on its function list: a key pressed at once only looks.
+    functions_->setFocus(Qt::OtherFocusReason);
 }
 
 void FunctionWindow::render() {

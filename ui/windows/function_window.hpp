@@ -21,6 +21,9 @@ public:
     FunctionWindow(Station& station, const Forward& forward, QWidget* parent);
     void render();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void renderValue();
     void applyFilter();
