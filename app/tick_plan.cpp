@@ -4,18 +4,6 @@
 
 namespace station {
 
-TickNeeds tickNeeds(const Station& station, bool lineBusy) {
-    const Link& link = station.link;
-    TickNeeds needs;
-    needs.poll = !station.line.connected() || link.queue().SendCnt() > 0 || link.TestCnt() > 0 || lineBusy;
-    // The watches count down from 0 or more; at -1 a tick does nothing.
-    needs.ackWatch = link.AckWait() >= 0;
-    needs.answerWatch = link.AnsWait() >= 0;
-    needs.filterRelease = station.form1.RelCount > 0;
-    needs.autoMessage = station.form6.Timer1.Enabled;
-    return needs;
-}
-
 std::optional<std::chrono::system_clock::time_point> nextMarkChange(const Station& station) {
     const auto now = station.line.now();
     std::optional<std::chrono::system_clock::time_point> next;
@@ -29,27 +17,13 @@ std::optional<std::chrono::system_clock::time_point> nextMarkChange(const Statio
     return next;
 }
 
-TickPlan::TickPlan(Station& station) : station_(station) {}
-
-Timer& TickPlan::model(Which which) const {
-    switch (which) {
-    case Poll: return station_.link.Timer1;
-    case AckWatch: return station_.link.Timer2;
-    case AnswerWatch: return station_.link.Timer3;
-    case FilterRelease: return station_.form1.Timer4;
-    case AutoMessage: break;
-    }
-    return station_.form6.Timer1;
-}
+TickPlan::TickPlan(Station& station) : ticks_(stationTicks(station)) {}
 
 void TickPlan::update(Millis now, bool lineBusy) {
-    const TickNeeds needs = tickNeeds(station_, lineBusy);
-    const std::array<bool, kTimers> work{needs.poll, needs.ackWatch, needs.answerWatch, needs.filterRelease,
-                                         needs.autoMessage};
     for (int i = 0; i < kTimers; ++i) {
-        const auto which = static_cast<Which>(i);
-        const Timer& timer = model(which);
-        Grid& g = grid(which);
+        const StationTick& t = ticks_.at(static_cast<std::size_t>(i));
+        const Timer& timer = t.model;
+        Grid& g = grids_.at(static_cast<std::size_t>(i));
         const bool on = timer.Enabled && timer.Interval > 0;
         if (!on) {
             g = Grid{};
@@ -59,8 +33,9 @@ void TickPlan::update(Millis now, bool lineBusy) {
             // Started (or re-timed): the first tick one interval from now, as a timer starts.
             g = Grid{true, false, now, Millis(timer.Interval), 1};
         }
-        const bool wakes = work.at(static_cast<std::size_t>(i)) && !g.awake;
-        g.awake = work.at(static_cast<std::size_t>(i));
+        const bool work = t.hasWork(lineBusy);
+        const bool wakes = work && !g.awake;
+        g.awake = work;
         if (!wakes) continue;
         // The ticks slept through changed nothing; the next is the first grid instant at
         // or after now that has not been ticked on. An instant equal to now is still to

@@ -8,8 +8,8 @@
 // wakes on the same grid, at the first grid instant not before the work came and never at
 // one it has already ticked on. So every count in ticks is what it would have been with
 // the timer running all along: no tick is lost or doubled by a sleep. Timers due at one
-// instant tick in the order of `Which`; work that comes at an instant, from outside or
-// from a tick, is taken by the ticks of that instant that are still to come.
+// instant tick in the order of the tick table; work that comes at an instant, from outside
+// or from a tick, is taken by the ticks of that instant that are still to come.
 //
 // Time enters as milliseconds of a monotonic clock, given by the caller.
 
@@ -18,23 +18,10 @@
 #include <cstdint>
 #include <optional>
 
+#include "app/tick_table.hpp"
 #include "common/controls.hpp"
 
 namespace station {
-
-class Station;
-
-// Which timers have work on their next tick. `lineBusy`: bytes wait at the port or are on
-// their way to it (the built-in line's cameras are still at work). The poll also runs
-// while the line's device is missing, to try it again.
-struct TickNeeds {
-    bool poll = true;
-    bool ackWatch = true;
-    bool answerWatch = true;
-    bool filterRelease = true;
-    bool autoMessage = true;
-};
-TickNeeds tickNeeds(const Station& station, bool lineBusy);
 
 // When a camera's answer mark next changes by time alone (an answer grows old), if any
 // will: the windows are redrawn then, though no timer has work.
@@ -43,14 +30,16 @@ std::optional<std::chrono::system_clock::time_point> nextMarkChange(const Statio
 class TickPlan {
 public:
     using Millis = std::chrono::milliseconds;
-    enum Which { Poll, AckWatch, AnswerWatch, FilterRelease, AutoMessage };
-    static constexpr int kTimers = 5;
+    using Which = StationTick::Which;
+    using enum StationTick::Which;
+    static constexpr int kTimers = StationTick::kTimers;
 
     explicit TickPlan(Station& station);
 
     // Follows the model timers (started, stopped, given another interval) and what each
     // has to do now. Call it after anything that may change either: a tick, a gesture, a
-    // remote command, a byte arriving.
+    // remote command, a byte arriving. `lineBusy`: bytes wait at the port or are on their
+    // way to it (the built-in line's cameras are still at work).
     void update(Millis now, bool lineBusy);
     // When the timer ticks next; none while it is off or asleep. May lie before `now`
     // when the caller is late: the tick is then due at once.
@@ -63,7 +52,9 @@ public:
 
     bool on(Which which) const { return grids_.at(static_cast<std::size_t>(which)).on; }
     bool awake(Which which) const { return due(which).has_value(); }
-    Timer& model(Which which) const;
+    const Timer& model(Which which) const { return ticks_.at(static_cast<std::size_t>(which)).model; }
+    // The station's handler of the timer.
+    void tick(Which which) const { ticks_.at(static_cast<std::size_t>(which)).tick(); }
 
 private:
     struct Grid {
@@ -76,7 +67,7 @@ private:
     };
     Grid& grid(Which which) { return grids_.at(static_cast<std::size_t>(which)); }
 
-    Station& station_;
+    const StationTicks ticks_;
     std::array<Grid, kTimers> grids_{};
     // The latest instant a tick ran on, and the last timer in the order that ticked on it.
     Millis lastTickAt_{-1};

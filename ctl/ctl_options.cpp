@@ -5,18 +5,10 @@
 #include <stdexcept>
 
 #include "common/option_errors.hpp"
+#include "common/option_reader.hpp"
 #include "common/version.hpp"
 
 namespace station::ctl {
-
-namespace {
-
-// "-3" is a step, not an option.
-bool wholeNumberText(const std::string& word) {
-    return word.size() > 1 && word.find_first_not_of("0123456789", 1) == std::string::npos;
-}
-
-}  // namespace
 
 CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
     CtlOptions out;
@@ -26,41 +18,36 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         if (!command.empty()) out.commands.push_back(command);
         command.clear();
     };
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string name = args[i];
-        std::optional<std::string> inlineValue;
-        if (const std::size_t eq = name.find('='); name.rfind("--", 0) == 0 && eq != std::string::npos) {
-            inlineValue = name.substr(eq + 1);
-            name = name.substr(0, eq);
-        }
-        auto value = [&]() -> std::string {
-            std::string v = inlineValue ? *inlineValue : (i + 1 < args.size() ? args[++i] : std::string());
-            if (v.empty()) throw std::invalid_argument(options::needsValue(name));
-            return v;
-        };
+    options::OptionReader r(args);
+    auto flag = [&r](bool& set) {
+        r.flag();
+        set = true;
+    };
+    while (r.next()) {
+        const std::string& name = r.name();
         // An option ends the command before it.
-        if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) finish();
-        if (name == "--help" || name == "-h") out.help = true;
-        else if (name == "--version") out.version = true;
-        else if (name == "--port") out.port = value();
-        else if (name == "--simulate") out.simulate = true;
-        else if (name == "--quiet") out.quiet = true;
-        else if (name == "--keep-going") out.keepGoing = true;
-        else if (name == "--partial") out.partial = true;
-        else if (name == "--setup") out.setup = value();
-        else if (name == "--save") out.save = value();
-        else if (name == "--definitions") out.definitions = value();
+        if (r.isOption()) finish();
+        if (name == "--help" || name == "-h") flag(out.help);
+        else if (name == "--version") flag(out.version);
+        else if (name == "--port") out.port = r.value();
+        else if (name == "--simulate") flag(out.simulate);
+        else if (name == "--quiet") flag(out.quiet);
+        else if (name == "--keep-going") flag(out.keepGoing);
+        else if (name == "--partial") flag(out.partial);
+        else if (name == "--setup") out.setup = r.value();
+        else if (name == "--save") out.save = r.value();
+        else if (name == "--definitions") out.definitions = r.value();
         else if (name == "--script") {
-            const std::string path = value();
+            const std::string path = r.value();
             std::ifstream in(path, std::ios::binary);
             if (!in) throw std::invalid_argument(options::cannotRead("--script", path));
             std::ostringstream text;
             text << in.rdbuf();
             for (std::string& line : scriptCommands(text.str())) script.push_back(std::move(line));
-        } else if (name.rfind("-", 0) == 0 && !wholeNumberText(name)) {
-            throw std::invalid_argument(options::unknownOption(name));
+        } else if (r.isOption()) {
+            r.unknown();
         } else {
-            std::string word = args[i];
+            std::string word = r.word();
             const bool ends = !word.empty() && (word.back() == ',' || word.back() == ';');
             if (ends) word.pop_back();
             if (!word.empty()) command += (command.empty() ? "" : " ") + word;

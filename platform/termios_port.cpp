@@ -10,7 +10,6 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
@@ -21,17 +20,17 @@ namespace station::platform {
 
 namespace {
 
-bool speedOf(int rate, speed_t& out) {
+// The terminal's code for a rate of the settings text.
+speed_t speedOf(int rate) {
     switch (rate) {
-    case 1200: out = B1200; return true;
-    case 2400: out = B2400; return true;
-    case 4800: out = B4800; return true;
-    case 9600: out = B9600; return true;
-    case 19200: out = B19200; return true;
-    case 38400: out = B38400; return true;
-    case 57600: out = B57600; return true;
-    case 115200: out = B115200; return true;
-    default: return false;
+    case 1200: return B1200;
+    case 2400: return B2400;
+    case 4800: return B4800;
+    case 19200: return B19200;
+    case 38400: return B38400;
+    case 57600: return B57600;
+    case 115200: return B115200;
+    default: return B9600;
     }
 }
 
@@ -55,35 +54,8 @@ void TermiosPort::setCommPort(int port) {
     port_ = port;
 }
 
-TermiosPort::Settings TermiosPort::parse(const std::string& text) {
-    std::istringstream in(text);
-    std::string rate, parity, data, stop, extra;
-    if (!std::getline(in, rate, ',') || !std::getline(in, parity, ',') || !std::getline(in, data, ',') ||
-        !std::getline(in, stop, ',') || std::getline(in, extra))
-        throw RuntimeError::invalidCall();
-    Settings s;
-    speed_t unused{};
-    try {
-        std::size_t used = 0;
-        s.rate = std::stoi(rate, &used);
-        if (used != rate.size()) throw RuntimeError::invalidCall();
-    } catch (const std::logic_error&) {
-        throw RuntimeError::invalidCall();
-    }
-    if (!speedOf(s.rate, unused)) throw RuntimeError::invalidCall();
-    if (parity.size() != 1 || (parity != "N" && parity != "E" && parity != "O" && parity != "n" && parity != "e" &&
-                               parity != "o"))
-        throw RuntimeError::invalidCall();
-    s.parity = static_cast<char>(parity[0] & ~0x20);
-    if (data != "7" && data != "8") throw RuntimeError::invalidCall();
-    s.dataBits = data[0] - '0';
-    if (stop != "1" && stop != "2") throw RuntimeError::invalidCall();
-    s.stopBits = stop[0] - '0';
-    return s;
-}
-
 void TermiosPort::setSettings(const std::string& settings) {
-    settings_ = parse(settings);
+    settings_ = parseSerialSettings(settings);
     if (isOpen()) apply();
 }
 
@@ -91,8 +63,7 @@ void TermiosPort::apply() {
     termios tio{};
     if (::tcgetattr(fd_, &tio) != 0) throw std::system_error(errno, std::generic_category(), "tcgetattr " + device());
     ::cfmakeraw(&tio);
-    speed_t speed{};
-    speedOf(settings_.rate, speed);
+    const speed_t speed = speedOf(settings_.rate);
     ::cfsetispeed(&tio, speed);
     ::cfsetospeed(&tio, speed);
     tio.c_cflag |= CLOCAL | CREAD;

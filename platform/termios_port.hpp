@@ -10,6 +10,7 @@
 #include <string>
 
 #include "common/serial_port.hpp"
+#include "common/serial_settings.hpp"
 
 namespace station::platform {
 
@@ -21,9 +22,8 @@ public:
     TermiosPort& operator=(const TermiosPort&) = delete;
 
     void setCommPort(int port) override;
-    // "RATE,PARITY,DATA,STOP": parity N, E or O, 7 or 8 data bits, 1 or 2 stop bits.
-    // Anything else raises error 5 and leaves the settings as they were. Applied at
-    // once when the port is open.
+    // A settings text such as "9600,N,8,1" (serial_settings.hpp); anything else raises
+    // error 5 and leaves the settings as they were. Applied at once when the port is open.
     void setSettings(const std::string& settings) override;
     // Raises std::system_error when the device cannot be opened or set up.
     void open() override;
@@ -44,19 +44,12 @@ public:
     static std::string portOneDevice();
 
 private:
-    struct Settings {
-        int rate = 9600;
-        char parity = 'N';
-        int dataBits = 8;
-        int stopBits = 1;
-    };
-    static Settings parse(const std::string& text);
     void apply();
     [[noreturn]] void lost(const std::string& what, int error) const;
 
     std::string portOne_;
     int port_ = 1;
-    Settings settings_;
+    SerialSettings settings_;
     int fd_ = -1;
 };
 

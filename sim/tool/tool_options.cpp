@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "common/option_errors.hpp"
+#include "common/option_reader.hpp"
 #include "common/version.hpp"
 
 namespace station::sim {
@@ -26,58 +27,44 @@ long wholeNumber(const std::string& option, const std::string& text, long min, l
 ToolOptions parseToolOptions(const std::vector<std::string>& args) {
     ToolOptions out;
     bool described = false;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        std::string name = args[i];
-        std::optional<std::string> inlineValue;
-        if (const std::size_t eq = name.find('='); name.rfind("--", 0) == 0 && eq != std::string::npos) {
-            inlineValue = name.substr(eq + 1);
-            name = name.substr(0, eq);
-        }
-        auto value = [&]() -> std::string {
-            if (inlineValue) return *inlineValue;
-            if (i + 1 >= args.size()) throw std::invalid_argument(options::needsValue(name));
-            return args[++i];
-        };
-        auto flag = [&] {
-            if (inlineValue) throw std::invalid_argument(options::takesNoValue(name));
-        };
-
+    options::OptionReader r(args);
+    auto flag = [&r](bool& set) {
+        r.flag();
+        set = true;
+    };
+    while (r.next()) {
+        const std::string& name = r.name();
         if (name == "--help" || name == "-h") {
-            flag();
-            out.help = true;
+            flag(out.help);
         } else if (name == "--version") {
-            flag();
-            out.version = true;
+            flag(out.version);
         } else if (name == "--camera") {
-            addCameraOption(value(), out.line);
+            addCameraOption(r.value(), out.line);
             described = true;
         } else if (name == "--setup") {
-            const std::string path = value();
+            const std::string path = r.value();
             std::ifstream in(path, std::ios::binary);
             if (!in) throw std::invalid_argument(options::cannotRead("--setup", path));
             readSetupData(in, out.line);
             described = true;
         } else if (name == "--fault") {
-            addFaultOption(value(), out.line);
+            addFaultOption(r.value(), out.line);
         } else if (name == "--id-mode") {
-            flag();
-            out.line.idMode = true;
+            flag(out.line.idMode);
         } else if (name == "--speed") {
-            const std::string v = value();
+            const std::string v = r.value();
             if (v != "9600" && v != "19200") throw std::invalid_argument(options::badValue("--speed", "9600 or 19200"));
             out.line.speed = std::stoi(v);
         } else if (name == "--auto-delay") {
-            out.line.autoDelay = Micros{wholeNumber(name, value(), 0, 600'000) * 1000};
+            out.line.autoDelay = Micros{wholeNumber(name, r.value(), 0, 600'000) * 1000};
         } else if (name == "--link") {
-            out.linkPath = value();
-            if (out.linkPath.empty()) throw std::invalid_argument(options::needsValue("--link", "a path"));
+            out.linkPath = r.value("a path");
         } else if (name == "--trace") {
-            flag();
-            out.trace = true;
+            flag(out.trace);
         } else if (name == "--exit-after") {
-            out.exitAfter = static_cast<double>(wholeNumber(name, value(), 1, 86'400));
+            out.exitAfter = static_cast<double>(wholeNumber(name, r.value(), 1, 86'400));
         } else {
-            throw std::invalid_argument(options::unknownOption(args[i]));
+            r.unknown();
         }
     }
     if (out.help || out.version) return out;

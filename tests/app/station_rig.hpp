@@ -14,6 +14,7 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/queued_commands.hpp"
 #include "tests/support/frames.hpp"
+#include "tests/support/station_ticks.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station::testing {
@@ -29,11 +30,7 @@ struct StationRig {
         for (int t = 0; t < ms; t += 20) {
             now += 20;
             clock += std::chrono::milliseconds(20);
-            if (now % 40 == 0 && station.link.Timer1.Enabled) station.Timer1_Timer();
-            if (now % 100 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
-            if (now % 500 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
-            if (now % 500 == 0 && station.form1.Timer4.Enabled) station.Timer4_Timer();
-            if (now % 500 == 0 && station.form6.Timer1.Enabled) station.Form6Timer_Timer();
+            tickAt(ticks, now);
         }
     }
 
@@ -65,6 +62,7 @@ struct StationRig {
     DiskWriter writer;
     std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
+    const StationTicks ticks = stationTicks(station);
     long now = 0;
 };
 

@@ -28,16 +28,6 @@ struct Event {
     std::function<void(StationRig&)> run;
 };
 
-void tickOf(Station& s, int which) {
-    switch (which) {
-    case TickPlan::Poll: s.Timer1_Timer(); break;
-    case TickPlan::AckWatch: s.Timer2_Timer(); break;
-    case TickPlan::AnswerWatch: s.Timer3_Timer(); break;
-    case TickPlan::FilterRelease: s.Timer4_Timer(); break;
-    default: s.Form6Timer_Timer(); break;
-    }
-}
-
 void note(StationRig& rig, long t, Trace& trace, std::size_t& shown) {
     for (const Bytes& w : rig.port.writes) trace.push_back(std::to_string(t) + " out " + hexText(w));
     rig.port.writes.clear();
@@ -48,14 +38,13 @@ void note(StationRig& rig, long t, Trace& trace, std::size_t& shown) {
 // Every timer ticks at each instant of its grid: its start plus whole intervals.
 Trace alwaysTicking(const std::vector<Event>& events, long until, int& polls) {
     StationRig rig;
-    TickPlan models(rig.station);  // names the model timers; its plan is not used
     std::array<long, TickPlan::kTimers> start{};
     std::array<bool, TickPlan::kTimers> on{};
     Trace trace;
     std::size_t shown = 0;
     auto follow = [&](long t) {
         for (int i = 0; i < TickPlan::kTimers; ++i) {
-            const Timer& m = models.model(static_cast<TickPlan::Which>(i));
+            const Timer& m = rig.ticks.at(i).model;
             const bool now = m.Enabled && m.Interval > 0;
             if (now && !on.at(i)) start.at(i) = t;
             on.at(i) = now;
@@ -67,10 +56,10 @@ Trace alwaysTicking(const std::vector<Event>& events, long until, int& polls) {
             if (e.at == t) e.run(rig);
         follow(t);
         for (int i = 0; i < TickPlan::kTimers; ++i) {
-            const Timer& m = models.model(static_cast<TickPlan::Which>(i));
+            const Timer& m = rig.ticks.at(i).model;
             if (!on.at(i) || t == start.at(i) || (t - start.at(i)) % m.Interval != 0) continue;
             if (i == TickPlan::Poll) ++polls;
-            tickOf(rig.station, i);
+            rig.ticks.at(i).tick();
             follow(t);
         }
         note(rig, t, trace, shown);
@@ -100,7 +89,7 @@ Trace asPlanned(const std::vector<Event>& events, long until, std::vector<long>&
             if (!due || *due != Millis(t)) continue;
             if (i == TickPlan::Poll) polls.push_back(t);
             plan.ticked(which, Millis(t));
-            tickOf(rig.station, i);
+            plan.tick(which);
             plan.update(Millis(t), busy());
         }
         note(rig, t, trace, shown);
@@ -177,12 +166,12 @@ TEST(TickPlan, WorkFromALaterTimerWaitsForTheNextPoll) {
 TEST(TickPlan, AtRestNothingHasWorkButTheRetryOfAMissingDevice) {
     StationRig rig;
     rig.run(600);  // both watches count down to -1
-    TickNeeds needs = tickNeeds(rig.station, false);
-    EXPECT_FALSE(needs.poll || needs.ackWatch || needs.answerWatch || needs.filterRelease || needs.autoMessage);
-    EXPECT_TRUE(tickNeeds(rig.station, true).poll);  // a byte waits
+    for (const StationTick& t : rig.ticks) EXPECT_FALSE(t.hasWork(false)) << t.which;
+    const StationTick& poll = rig.ticks.at(TickPlan::Poll);
+    EXPECT_TRUE(poll.hasWork(true));  // a byte waits
 
     rig.station.line.lost("unplugged");
-    EXPECT_TRUE(tickNeeds(rig.station, false).poll);  // the device is tried again
+    EXPECT_TRUE(poll.hasWork(false));  // the device is tried again
 }
 
 TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {

@@ -8,6 +8,7 @@
 #include "common/controls.hpp"
 #include "common/hex.hpp"
 #include "common/runtime_error.hpp"
+#include "common/serial_settings.hpp"
 #include "common/vb_conv.hpp"
 
 namespace station {
@@ -53,6 +54,19 @@ int errorNumber(const std::function<void()>& f) {
         return e.number();
     }
     return 0;
+}
+
+// Both serial ports take the same settings texts; any other is error 5.
+TEST(Conv, SerialSettings) {
+    const SerialSettings odd = parseSerialSettings("19200,o,7,2");
+    EXPECT_EQ(odd.rate, 19200);
+    EXPECT_EQ(odd.parity, 'O');
+    EXPECT_EQ(odd.dataBits, 7);
+    EXPECT_EQ(odd.stopBits, 2);
+    EXPECT_EQ(parseSerialSettings("9600,E,8,1").parity, 'E');
+    for (const char* bad : {"9600,N,8", "9600,N,8,1,", " 9600,N,8,1", "+9600,N,8,1", "14400,N,8,1", "9600,X,8,1",
+                            "9600,N,6,1", "9600,N,8,3", "9600,NN,8,1", ""})
+        EXPECT_EQ(errorNumber([bad] { (void)parseSerialSettings(bad); }), 5) << bad;
 }
 
 TEST(Controls, OptionGroupEvents) {

@@ -26,6 +26,7 @@ TEST(CtlOptions, RefusedWithReason) {
         {{"--simulate"}, "--simulate needs --setup: its cameras make the line"},
         {{"--port", "x", "--simulate", "--setup", "s.csd"}, "--port and --simulate exclude each other"},
         {{"--colour"}, "unknown option --colour"},
+        {{"--quiet=yes"}, "--quiet takes no value"},
         {{"--script", "/nonexistent/show.txt"}, "--script /nonexistent/show.txt: cannot read the file"},
     };
     for (const auto& [args, reason] : bad) {

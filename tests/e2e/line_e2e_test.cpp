@@ -17,6 +17,7 @@
 #include "tests/e2e/pty_camera.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
+#include "tests/support/station_ticks.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station {
@@ -39,15 +40,14 @@ TEST(LineOnPty, DeviceComesAndGoes) {
     Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
     std::unique_ptr<PtyCamera> camera;
     std::vector<std::string> received, sent;
+    const StationTicks ticks = stationTicks(station);
     long step = 0;
     // The station's timers in real time, the camera answering, until `done` or `limit`.
     const auto runUntil = [&](const std::function<bool()>& done, Clock::duration limit) {
         for (const Clock::time_point start = Clock::now(); Clock::now() - start < limit;) {
             std::this_thread::sleep_for(20ms);
             if (camera) camera->serve(received);
-            if (++step % 2 == 0) station.Timer1_Timer();
-            if (step % 5 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
-            if (step % 25 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
+            testing::tickAt(ticks, ++step * 20);
             if (done()) return true;
         }
         return false;

@@ -9,6 +9,7 @@
 #include "tests/support/fake_port.hpp"
 #include "tests/support/frames.hpp"
 #include "tests/support/queued_commands.hpp"
+#include "tests/support/station_ticks.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station::testing {
@@ -26,11 +27,7 @@ struct RemoteRig {
     void run(int ms) {
         for (int t = 0; t < ms; t += 20) {
             now += 20;
-            if (now % 40 == 0 && station.link.Timer1.Enabled) station.Timer1_Timer();
-            if (now % 100 == 0 && station.link.Timer2.Enabled) station.Timer2_Timer();
-            if (now % 500 == 0 && station.link.Timer3.Enabled) station.Timer3_Timer();
-            if (now % 500 == 0 && station.form1.Timer4.Enabled) station.Timer4_Timer();
-            if (now % 500 == 0 && station.form6.Timer1.Enabled) station.Form6Timer_Timer();
+            tickAt(ticks, now);
         }
     }
     std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
@@ -44,6 +41,7 @@ struct RemoteRig {
     DiskWriter writer;
     Station station{{port, held, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {folder.path()}};
+    const StationTicks ticks = stationTicks(station);
     long now = 0;
 };
 

@@ -14,6 +14,7 @@ TEST(ToolOptions, RefusedInTheStationsWords) {
         {{"--camera"}, "--camera needs a value"},
         {{"--colour"}, "unknown option --colour"},
         {{"--trace=yes"}, "--trace takes no value"},
+        {{"9600"}, "unknown argument: 9600"},
         {{"--setup", "/nonexistent/studio.csd"}, "--setup /nonexistent/studio.csd: cannot read the file"},
         {{"--speed", "4800"}, "--speed: 9600 or 19200"},
         {{"--link="}, "--link needs a path"},

@@ -1,6 +1,6 @@
 #pragma once
 // A started station on the in-process camera line with the sample studio's cameras, its
-// timers ticking in simulated time at the desktop program's intervals (40, 100 and 500 ms),
+// timers (the station's tick table) ticking in simulated time at the desktop program's intervals,
 // so that what a remote client sends reaches cameras that acknowledge and answer. Traffic
 // on the line is kept; the messages a camera failure would show are counted.
 
@@ -17,6 +17,7 @@
 #include "sim/sim_port.hpp"
 #include "sim/tick_driver.hpp"
 #include "tests/support/null_platform.hpp"
+#include "tests/support/station_ticks.hpp"
 
 namespace station::testing {
 
@@ -29,21 +30,13 @@ public:
 struct StudioLineRig {
     // `beforePoll` runs just before each poll of the line (the desktop program's hook).
     explicit StudioLineRig(std::function<void()> beforePoll = {}) {
-        using namespace std::chrono_literals;
         std::ifstream studio(STATION_SAMPLES_DIR "/studio.csd", std::ios::binary);
         sim::LineSetup setup;
         sim::readSetupData(studio, setup);
         setup.build(line);
         line.onTraffic = [this](const sim::Traffic& t) { traffic.push_back(t); };
-        ticks.every(40ms, [this, beforePoll = std::move(beforePoll)] {
-            if (beforePoll) beforePoll();
-            station.Timer1_Timer();
-        }, [this] { return station.link.Timer1.Enabled; });
-        ticks.every(100ms, [this] { station.Timer2_Timer(); }, [this] { return station.link.Timer2.Enabled; });
-        ticks.every(500ms, [this] { station.Timer3_Timer(); }, [this] { return station.link.Timer3.Enabled; });
-        ticks.every(500ms, [this] { station.Timer4_Timer(); }, [this] { return station.form1.Timer4.Enabled; });
-        ticks.every(500ms, [this] { station.Form6Timer_Timer(); }, [this] { return station.form6.Timer1.Enabled; });
         station.Form_Load();
+        driveTicks(ticks, table, std::move(beforePoll));
         dialogs.answerNextOpen(STATION_SAMPLES_DIR "/studio.csd");
         station.OPEN_Click();
         ticks.run(std::chrono::seconds(2));  // the studio's first replies are in, the line at rest
@@ -65,6 +58,7 @@ struct StudioLineRig {
     PresetDialogs dialogs{none};
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
+    const StationTicks table = stationTicks(station);
     sim::TickDriver ticks{line};
     std::vector<sim::Traffic> traffic;
 };

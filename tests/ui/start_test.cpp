@@ -8,6 +8,7 @@
 #include "panel/main_panel.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/null_platform.hpp"
+#include "tests/support/station_ticks.hpp"
 #include "ui/start/builtin_line.hpp"
 #include "ui/start/program_options.hpp"
 
@@ -61,12 +62,8 @@ private slots:
 
         station.act([&] { station.form1.OptBar.click(1); });
         // Two seconds of the program's timers, the line catching up before each poll.
-        for (int ms = 40; ms <= 2000; ms += 40) {
-            line.advance();
-            station.Timer1_Timer();
-            if (ms / 100 != (ms - 40) / 100) station.Timer2_Timer();
-            if (ms / 500 != (ms - 40) / 500) station.Timer3_Timer();
-        }
+        const StationTicks ticks = stationTicks(station);
+        for (long ms = 20; ms <= 2000; ms += 20) testing::tickAt(ticks, ms, [&line] { line.advance(); });
         QCOMPARE(station.link.queue().SendCnt(), 0);  // acknowledged by camera 1
         QCOMPARE(station.link.Label11.Caption.substr(0, 3), std::string(" 06"));
         QCOMPARE(int(line.line().at(1).mode(0x08) & 0x01), 1);

@@ -4,26 +4,11 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <vector>
 
 #include "common/line_fault.hpp"
-#include "common/runtime_error.hpp"
 #include "ui/platform/stale_lock.hpp"
 
 namespace station::ui {
-
-namespace {
-
-std::vector<std::string> fields(const std::string& text) {
-    std::vector<std::string> out(1);
-    for (char c : text) {
-        if (c == ',') out.emplace_back();
-        else out.back() += c;
-    }
-    return out;
-}
-
-}  // namespace
 
 QtSerialPort::QtSerialPort(std::string portOneDevice) : device_(std::move(portOneDevice)) {
     // The event loop takes bytes in as they come; the poll reads them on its next tick.
@@ -34,40 +19,18 @@ QtSerialPort::QtSerialPort(std::string portOneDevice) : device_(std::move(portOn
     QObject::connect(&port_, &QSerialPort::errorOccurred, tell);
 }
 
-QtSerialPort::Settings QtSerialPort::parse(const std::string& text) {
-    const std::vector<std::string> f = fields(text);
-    if (f.size() != 4 || f[0].empty() || f[0].size() > 7) throw RuntimeError::invalidCall();
-    Settings s;
-    s.rate = 0;
-    for (char c : f[0]) {
-        if (c < '0' || c > '9') throw RuntimeError::invalidCall();
-        s.rate = s.rate * 10 + (c - '0');
-    }
-    if (s.rate <= 0) throw RuntimeError::invalidCall();
-
-    if (f[1] == "N" || f[1] == "n") s.parity = QSerialPort::NoParity;
-    else if (f[1] == "E" || f[1] == "e") s.parity = QSerialPort::EvenParity;
-    else if (f[1] == "O" || f[1] == "o") s.parity = QSerialPort::OddParity;
-    else throw RuntimeError::invalidCall();
-
-    if (f[2] == "8") s.dataBits = QSerialPort::Data8;
-    else if (f[2] == "7") s.dataBits = QSerialPort::Data7;
-    else throw RuntimeError::invalidCall();
-
-    if (f[3] == "1") s.stopBits = QSerialPort::OneStop;
-    else if (f[3] == "2") s.stopBits = QSerialPort::TwoStop;
-    else throw RuntimeError::invalidCall();
-    return s;
-}
-
 void QtSerialPort::setSettings(const std::string& settings) {
-    settings_ = parse(settings);
+    settings_ = parseSerialSettings(settings);
     if (isOpen()) apply();
 }
 
 void QtSerialPort::apply() {
-    const bool taken = port_.setBaudRate(settings_.rate) && port_.setParity(settings_.parity) &&
-                       port_.setDataBits(settings_.dataBits) && port_.setStopBits(settings_.stopBits) &&
+    const auto parity = settings_.parity == 'E'   ? QSerialPort::EvenParity
+                        : settings_.parity == 'O' ? QSerialPort::OddParity
+                                                  : QSerialPort::NoParity;
+    const bool taken = port_.setBaudRate(settings_.rate) && port_.setParity(parity) &&
+                       port_.setDataBits(settings_.dataBits == 7 ? QSerialPort::Data7 : QSerialPort::Data8) &&
+                       port_.setStopBits(settings_.stopBits == 2 ? QSerialPort::TwoStop : QSerialPort::OneStop) &&
                        port_.setFlowControl(QSerialPort::NoFlowControl);
     if (!taken) {
         const std::string why = port_.errorString().toStdString();

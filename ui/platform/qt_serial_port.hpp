@@ -11,6 +11,7 @@
 #include <string>
 
 #include "common/serial_port.hpp"
+#include "common/serial_settings.hpp"
 
 namespace station::ui {
 
@@ -20,8 +21,8 @@ public:
 
     // Port 1 is the device given; the station uses no other.
     void setCommPort(int port) override { commPort_ = port; }
-    // "RATE,PARITY,DATA,STOP": parity N, E or O, 7 or 8 data bits, 1 or 2 stop bits.
-    // Anything else raises error 5 and leaves the settings as they were.
+    // A settings text such as "9600,N,8,1" (serial_settings.hpp); anything else raises
+    // error 5 and leaves the settings as they were.
     void setSettings(const std::string& settings) override;
     // Raises std::runtime_error naming the device and the reason when it cannot be opened.
     void open() override;
@@ -38,19 +39,12 @@ public:
     std::function<void()> onActivity;
 
 private:
-    struct Settings {
-        qint32 rate = 9600;
-        QSerialPort::Parity parity = QSerialPort::NoParity;
-        QSerialPort::DataBits dataBits = QSerialPort::Data8;
-        QSerialPort::StopBits stopBits = QSerialPort::OneStop;
-    };
-    static Settings parse(const std::string& text);
     void apply();
     void checkLine();
 
     std::string device_;
     int commPort_ = 1;
-    Settings settings_;
+    SerialSettings settings_;
     QSerialPort port_;
 };
 

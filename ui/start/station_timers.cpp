@@ -8,22 +8,15 @@ namespace station::ui {
 
 StationTimers::StationTimers(Station& station, std::function<void()> afterTick, std::function<void()> beforePoll,
                              std::function<bool()> lineBusy)
-    : station_(station), afterTick_(std::move(afterTick)), lineBusy_(std::move(lineBusy)), plan_(station) {
+    : station_(station), afterTick_(std::move(afterTick)), beforePoll_(std::move(beforePoll)),
+      lineBusy_(std::move(lineBusy)), plan_(station) {
     clock_.start();
-    // The one tick table; the plan's timers are in the same order.
-    for (StationTick& t : stationTicks(station))
-        entries_.push_back({static_cast<TickPlan::Which>(entries_.size()), std::move(t.tick), nullptr});
-    // The built-in camera line catches up just before each poll.
-    entries_.at(StationTick::Poll).tick = [poll = std::move(entries_.at(StationTick::Poll).tick),
-                                           beforePoll = std::move(beforePoll)] {
-        if (beforePoll) beforePoll();
-        poll();
-    };
-    for (Entry& e : entries_) {
-        e.timer = std::make_unique<QTimer>();
-        e.timer->setTimerType(Qt::PreciseTimer);
-        e.timer->setSingleShot(true);  // armed for each tick at its grid instant, so no drift
-        QObject::connect(e.timer.get(), &QTimer::timeout, [this, &e] { fire(e); });
+    for (int i = 0; i < TickPlan::kTimers; ++i) {
+        const auto which = static_cast<Which>(i);
+        QTimer& t = timers_.at(static_cast<std::size_t>(i));
+        t.setTimerType(Qt::PreciseTimer);
+        t.setSingleShot(true);  // armed for each tick at its grid instant, so no drift
+        QObject::connect(&t, &QTimer::timeout, [this, which] { fire(which); });
     }
     markAge_.setSingleShot(true);
     QObject::connect(&markAge_, &QTimer::timeout, [this] {
@@ -40,13 +33,15 @@ bool StationTimers::lineBusy() const {
     }
 }
 
-void StationTimers::fire(Entry& entry) {
+void StationTimers::fire(Which which) {
     if (paused_ > 0 || stopped_) return;
     // A tick that was already due when its timer was switched off in the model is dropped.
-    if (plan_.model(entry.which).Enabled) {
+    if (plan_.model(which).Enabled) {
         // Taken before it runs: a message box inside the tick restarts the grids.
-        plan_.ticked(entry.which, now());
-        entry.tick();
+        plan_.ticked(which, now());
+        // The built-in camera line catches up just before each poll.
+        if (which == Poll && beforePoll_) beforePoll_();
+        plan_.tick(which);
     }
     if (afterTick_) afterTick_();
     else sync();
@@ -56,15 +51,16 @@ void StationTimers::sync() {
     if (paused_ > 0 || stopped_) return;
     const TickPlan::Millis at = now();
     plan_.update(at, lineBusy());
-    for (Entry& e : entries_) {
-        const auto due = plan_.due(e.which);
+    for (int i = 0; i < TickPlan::kTimers; ++i) {
+        QTimer& t = timers_.at(static_cast<std::size_t>(i));
+        const auto due = plan_.due(static_cast<Which>(i));
         if (!due) {
-            if (e.timer->isActive()) e.timer->stop();
+            if (t.isActive()) t.stop();
             continue;
         }
         const int wait = static_cast<int>(std::max<TickPlan::Millis::rep>(0, (*due - at).count()));
         // Re-armed only when the instant moved, so that a redraw does not push a tick back.
-        if (!e.timer->isActive() || std::abs(e.timer->remainingTime() - wait) > 1) e.timer->start(wait);
+        if (!t.isActive() || std::abs(t.remainingTime() - wait) > 1) t.start(wait);
     }
     const auto mark = nextMarkChange(station_);
     if (!mark) {
@@ -77,7 +73,7 @@ void StationTimers::sync() {
 
 void StationTimers::pause() {
     if (paused_++ == 0) {
-        for (Entry& e : entries_) e.timer->stop();
+        for (QTimer& t : timers_) t.stop();
         markAge_.stop();
     }
 }
@@ -92,21 +88,20 @@ void StationTimers::resume() {
 
 void StationTimers::stop() {
     stopped_ = true;
-    for (Entry& e : entries_) e.timer->stop();
+    for (QTimer& t : timers_) t.stop();
     markAge_.stop();
 }
 
 bool StationTimers::running(Which which) const {
-    return !stopped_ && paused_ == 0 && plan_.on(static_cast<TickPlan::Which>(which));
+    return !stopped_ && paused_ == 0 && plan_.on(which);
 }
 
 bool StationTimers::awake(Which which) const {
-    return entries_.at(static_cast<std::size_t>(which)).timer->isActive();
+    return timers_.at(static_cast<std::size_t>(which)).isActive();
 }
 
 int StationTimers::interval(Which which) const {
-    const Timer& model = plan_.model(static_cast<TickPlan::Which>(which));
-    return running(which) ? model.Interval : 0;
+    return running(which) ? plan_.model(which).Interval : 0;
 }
 
 }  // namespace station::ui

@@ -9,13 +9,11 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
+#include <array>
 #include <functional>
-#include <memory>
-#include <vector>
 
 #include "app/station.hpp"
 #include "app/tick_plan.hpp"
-#include "app/tick_table.hpp"
 
 namespace station::ui {
 
@@ -48,21 +46,17 @@ public:
     int interval(Which which) const;
 
 private:
-    struct Entry {
-        TickPlan::Which which;
-        std::function<void()> tick;
-        std::unique_ptr<QTimer> timer;
-    };
-    void fire(Entry& entry);
+    void fire(Which which);
     TickPlan::Millis now() const { return TickPlan::Millis(clock_.elapsed()); }
     bool lineBusy() const;
 
     Station& station_;
     std::function<void()> afterTick_;
+    std::function<void()> beforePoll_;
     std::function<bool()> lineBusy_;
     QElapsedTimer clock_;
     TickPlan plan_;
-    std::vector<Entry> entries_;
+    std::array<QTimer, TickPlan::kTimers> timers_;  // one for each timer of the tick table
     QTimer markAge_;  // redraws when a camera's answer mark grows old
     int paused_ = 0;
     bool stopped_ = false;
