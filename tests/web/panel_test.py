@@ -197,6 +197,29 @@ class PanelTest(unittest.TestCase):
         self.assertEqual(handshake("http://example.com"), 0x88)  # close
 
 
+class ConnectionTest(unittest.TestCase):
+    def test_a_dropped_connection_shows_a_banner_and_comes_back_by_itself(self):
+        station = Station(PROGRAM)
+        driver = chromium()
+        try:
+            station.wait_serving()
+            driver.get(station.url)
+            until(driver, lambda d: d.find_element(By.ID, "lost").get_attribute("hidden"), "connected")
+            port = station.web_port
+            station.stop()
+            until(driver, lambda d: d.find_element(By.ID, "lost").is_displayed(), "the banner says the link is lost")
+            station = Station(PROGRAM, web_port=port)
+            station.wait_serving()
+            line = Line(station.tcp_port)
+            line.ask("camera 5")
+            line.close()
+            until(driver, lambda d: not d.find_element(By.ID, "lost").is_displayed() and
+                  by_name(d, "Camera 5").get_attribute("aria-pressed") == "true", "back, and following the station")
+        finally:
+            driver.quit()
+            station.stop()
+
+
 class LoopbackOnlyTest(unittest.TestCase):
     def test_an_address_beyond_loopback_is_refused_with_a_reason(self):
         station = Station(PROGRAM, web_address="0.0.0.0")

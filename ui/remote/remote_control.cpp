@@ -15,12 +15,16 @@ RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) 
     if (options.oscPort) out.oscPort = static_cast<quint16>(*options.oscPort);
     out.fileFolder = options.folder;
     if (options.idleSeconds) out.tcp.idle = std::chrono::seconds(*options.idleSeconds);
-    if (options.web) {
-        out.web.enabled = true;
-        if (options.web->address && !out.web.address.setAddress(QString::fromStdString(*options.web->address)))
-            error = "--web: not an address: " + *options.web->address;
-        out.web.port = static_cast<quint16>(options.web->port);
-    }
+    return out;
+}
+
+WebSettings webSettings(const RemoteOptions& options, std::string& error) {
+    WebSettings out;
+    if (!options.web) return out;
+    out.enabled = true;
+    if (options.web->address && !out.address.setAddress(QString::fromStdString(*options.web->address)))
+        error = "--web: not an address: " + *options.web->address;
+    out.port = static_cast<quint16>(options.web->port);
     return out;
 }
 
@@ -72,8 +76,8 @@ bool RemoteControl::setWebEnabled(bool on) {
     web_.close();
     followServing();
     if (!on) return true;
-    if (!web_.listen(settings_.web.address, settings_.web.port)) {
-        webError_ = QStringLiteral("port %1: %2").arg(settings_.web.port).arg(web_.errorString());
+    if (!web_.listen(webSettings_.address, webSettings_.port)) {
+        webError_ = QStringLiteral("port %1: %2").arg(webSettings_.port).arg(web_.errorString());
         return false;
     }
     followServing();
@@ -96,7 +100,7 @@ void RemoteControl::followServing() {
 QString RemoteControl::webStatus() const {
     if (!webEnabled())
         return webError_.isEmpty() ? QString() : QStringLiteral("Browser panel could not start: ") + webError_;
-    return QStringLiteral("Browser panel: http://%1:%2/").arg(settings_.web.address.toString()).arg(web_.port());
+    return QStringLiteral("Browser panel: http://%1:%2/").arg(webSettings_.address.toString()).arg(web_.port());
 }
 
 QString RemoteControl::status() const {

@@ -40,12 +40,13 @@ struct RemoteSettings {
     quint16 oscPort = 5251;
     std::optional<std::filesystem::path> fileFolder;  // none: no file commands
     TcpLimits tcp;
-    WebSettings web;
 };
 
 // The settings the remote-control options of the command line ask for; `error` is set when
 // the address is not one.
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error);
+// The browser panel as --web asks for it (off without it); `error` is set when the address is not one.
+WebSettings webSettings(const RemoteOptions& options, std::string& error);
 
 
 // The operator's screen as remote control sees it: the text of the box up there, closing it
@@ -79,7 +80,8 @@ public:
     // it is not when it could not start; nothing while it is off.
     QString webStatus() const;
     // Where the panel is served: its address and port, from now on.
-    void setWebSettings(const WebSettings& web) { settings_.web = web; }
+    void setWebSettings(const WebSettings& web) { webSettings_ = web; }
+    const WebSettings& webSettings() const { return webSettings_; }
 
     remote::CommandSet& commands() { return commands_; }
     RemoteTcpServer& tcp() { return tcp_; }
@@ -99,6 +101,7 @@ private:
     void followServing();
 
     RemoteSettings settings_;
+    WebSettings webSettings_;
     std::function<void()> refresh_;
     remote::CommandSet commands_;
     RemoteTcpServer tcp_;
