@@ -4,6 +4,7 @@
 #include <QHttpServer>
 #include <QHttpServerResponse>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QUrl>
 #include <QWebSocket>
 
@@ -15,6 +16,19 @@ static void loadPageFiles() { Q_INIT_RESOURCE(web); }
 namespace station::ui {
 
 namespace {
+
+// Accepts connections whose small messages go out at once: a page sends a fader's next value
+// when the reply to the last has come, and a reply held back for the network's
+// acknowledgement would hold the fader by as much.
+class LowDelayServer : public QTcpServer {
+protected:
+    void incomingConnection(qintptr descriptor) override {
+        auto socket = std::make_unique<QTcpSocket>(this);
+        if (!socket->setSocketDescriptor(descriptor)) return;
+        socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        addPendingConnection(socket.release());  // this server owns it, as its parent
+    }
+};
 
 // The page's files, as the program holds them.
 QString resourceOf(const QString& name) { return QStringLiteral(":/web/") + name; }
@@ -56,7 +70,7 @@ bool WebPanelServer::listen(const QHostAddress& address, quint16 port) {
                      .arg(address.toString());
         return false;
     }
-    auto tcp = std::make_unique<QTcpServer>();
+    auto tcp = std::make_unique<LowDelayServer>();
     if (!tcp->listen(address, port)) {
         error_ = tcp->errorString();
         return false;
