@@ -1,5 +1,6 @@
 #include "app/station_readout.hpp"
 
+#include "app/availability.hpp"
 #include "app/station.hpp"
 #include "common/vb_conv.hpp"
 
@@ -41,6 +42,23 @@ std::string StationReadout::gainStepText(int step) const { return station_.form1
 std::string StationReadout::filterText() const { return station_.form1.Label16.Caption; }
 bool StationReadout::tally() const { return station_.form1.Label15.BackColor == kColourRed; }
 bool StationReadout::callHeld() const { return station_.form1.CallOn != 0; }
+
+StationReadout::Offered StationReadout::offered() const {
+    const Form1& form = station_.form1;
+    Offered o;
+    o.camera = availability::cameraSelection(form);
+    o.scene = availability::sceneSelection(form);
+    o.sceneClear = availability::sceneClear(form);
+    o.filter = availability::filterStep(form);
+    o.call = availability::call(form);
+    o.autoWhite = availability::autoSetup(form, true);
+    o.autoBlack = availability::autoSetup(form, false);
+    for (std::size_t i = 0; i < kModes.size(); ++i) o.modes.at(i) = availability::mode(form, kModes.at(i).mode);
+    for (std::size_t i = 0; i < kLevels.size(); ++i) o.levels.at(i) = availability::level(form, kLevels.at(i).level);
+    for (std::size_t i = 0; i < kGainSteps.size(); ++i)
+        o.gainValues.at(i) = availability::gainValue(station_.panel, static_cast<int>(i));
+    return o;
+}
 
 std::string StationReadout::autoOperation() const { return station_.form6.Label1.Caption; }
 std::string StationReadout::autoResult() const { return station_.form6.Label2.Caption; }

@@ -3,6 +3,7 @@
 // the selected camera and its panel, the line's state and answer marks, the function page,
 // the file name. Read only: what changes the station goes through the named actions.
 
+#include <array>
 #include <chrono>
 #include <optional>
 #include <string>
@@ -54,6 +55,22 @@ public:
     std::string filterText() const;
     bool tally() const;
     bool callHeld() const;
+
+    // Which of the main panel's controls the window offers now (the rest it greys), by the
+    // rule each gesture's action asks.
+    struct Offered {
+        bool camera = false;
+        bool scene = false;
+        bool sceneClear = false;
+        bool filter = false;
+        bool call = false;
+        bool autoWhite = false;
+        bool autoBlack = false;
+        std::array<bool, kModes.size()> modes{};
+        std::array<bool, kLevels.size()> levels{};
+        std::array<bool, kGainSteps.size()> gainValues{};  // the spin buttons of LOW, MID, HIGH
+    };
+    Offered offered() const;
 
     // The auto message: its operation ("" before the first), "Now doing" or the result,
     // and whether the window is up.

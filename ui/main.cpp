@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
     }
     std::string remoteError;
     RemoteSettings remoteSettings = station::ui::remoteSettings(options.remote, remoteError);
+    WebSettings web = webSettings(options.remote, remoteError);
     if (!options.error.empty() || !remoteError.empty()) {
         std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
                   << programHelp();
@@ -166,15 +167,23 @@ int main(int argc, char** argv) {
     // Without remote-control options (and unless told to start clean) the station comes up
     // as the operator last left it.
     if (!options.remote.enabled && !options.noRestore) remoteSettings = rememberedRemote(settings, remoteSettings);
+    // The browser panel likewise: --web holds for this run, the menu's choice is remembered.
+    if (!options.remote.web && !options.noRestore) web = rememberedWeb(settings, web);
     RemoteControl remote(station, dialogs, remoteSettings, [&view] { view.refresh(); },
                          {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &messages});
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
     // On by the command line is on, too: the next start without options comes back to it.
     else if (options.remote.enabled) rememberRemote(settings, remote.settings(), true);
+    remote.setWebSettings(web);
+    if (web.enabled && !remote.setWebEnabled(true))
+        std::cerr << "corvane-station: the browser panel could not start: " << remote.webError().toStdString() << "\n";
+    else if (remote.webEnabled())
+        std::cerr << "corvane-station: " << remote.webStatus().toStdString() << "\n";
     remoteBeforePoll = [&remote] { remote.beforePoll(); };
-    installRemoteMenu(view.mainWindow(), remote,
-                      [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); });
+    installRemoteMenu(
+        view.mainWindow(), remote, [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); },
+        [&settings, &remote](bool on) { rememberWeb(settings, remote.webSettings(), on); });
     const int status = app.exec();
     port.close();  // released now, its lock file with it, whatever ended the program
     return status;

@@ -191,6 +191,55 @@ private slots:
         QVERIFY(second.remote.status().startsWith(QStringLiteral("Remote control could not start: TCP port ")));
     }
 
+    void theBrowserPanelIsForOneRunOrAsTheMenuWasLeft() {
+        std::string error;
+        const auto web = [&error](std::vector<std::string> args) {
+            error.clear();
+            const ProgramOptions o = parseProgramOptions(args);
+            if (!o.error.empty()) error = o.error;
+            return webSettings(o.remote, error);
+        };
+        QVERIFY(!web({}).enabled);
+        WebSettings s = web({"--web", "8090"});
+        QVERIFY(error.empty() && s.enabled && s.port == 8090 && s.address == QHostAddress(QHostAddress::LocalHost));
+        s = web({"--web=0.0.0.0:81"});
+        QVERIFY(error.empty() && s.port == 81 && s.address == QHostAddress(QStringLiteral("0.0.0.0")));
+        QVERIFY(web({"--web", "[::1]:8080"}).address == QHostAddress(QHostAddress::LocalHostIPv6));
+        for (const char* wrong : {"studio", "127.0.0.1:", ":8080", "70000"}) {
+            web({"--web", wrong});
+            QCOMPARE(error, std::string("--web: not [ADDRESS:]PORT: ") + wrong);
+        }
+        web({"--web", "studio:8080"});
+        QCOMPARE(error, std::string("--web: not an address: studio"));
+
+        QTemporaryDir dir;
+        QSettings store(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
+        QVERIFY(!rememberedWeb(store, WebSettings{}).enabled);
+        Rig rig;
+        rig.remote.setWebSettings({false, QHostAddress(QHostAddress::LocalHost), 0});
+        QMainWindow window;
+        installRemoteMenu(window, rig.remote, {}, [&store, &rig](bool on) { rememberWeb(store, rig.remote.webSettings(), on); });
+        auto* entry = window.findChild<QAction*>(QStringLiteral("browserPanel"));
+        auto* note = window.findChild<QLabel*>(QStringLiteral("webStatus"));
+        QVERIFY(entry && note && !entry->isChecked() && note->isHidden());
+        entry->trigger();
+        QVERIFY(entry->isChecked() && rig.remote.webEnabled());
+        QCOMPARE(note->text(), QStringLiteral("Browser panel: http://127.0.0.1:%1/").arg(rig.remote.web().port()));
+        QVERIFY(rememberedWeb(store, WebSettings{}).enabled);
+        QVERIFY(!rig.remote.enabled());  // TCP and OSC stay as they were
+
+        // A port another program holds, and the network: not served, and the status bar says why.
+        Rig second;
+        second.remote.setWebSettings({false, QHostAddress(QHostAddress::LocalHost), rig.remote.web().port()});
+        QVERIFY(!second.remote.setWebEnabled(true));
+        QVERIFY(second.remote.webStatus().startsWith(QStringLiteral("Browser panel could not start: port ")));
+        second.remote.setWebSettings({false, QHostAddress(QHostAddress::AnyIPv4), 0});
+        QVERIFY(!second.remote.setWebEnabled(true));
+        QVERIFY(second.remote.webStatus().contains(QStringLiteral("loopback address only")));
+        entry->trigger();
+        QVERIFY(!rig.remote.webEnabled() && note->isHidden() && !rememberedWeb(store, WebSettings{}).enabled);
+    }
+
     void commandsAreAnsweredAndEveryClientSeesTheChanges() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));

@@ -8,6 +8,9 @@ const QString kOn = QStringLiteral("remote/on");
 const QString kAddress = QStringLiteral("remote/address");
 const QString kTcpPort = QStringLiteral("remote/tcpPort");
 const QString kOscPort = QStringLiteral("remote/oscPort");
+const QString kWebOn = QStringLiteral("web/on");
+const QString kWebAddress = QStringLiteral("web/address");
+const QString kWebPort = QStringLiteral("web/port");
 
 void readPort(const QSettings& store, const QString& key, quint16& port) {
     bool ok = false;
@@ -31,6 +34,20 @@ void rememberRemote(QSettings& store, const RemoteSettings& settings, bool on) {
     store.setValue(kAddress, settings.address.toString());
     store.setValue(kTcpPort, settings.tcpPort);
     store.setValue(kOscPort, settings.oscPort);
+}
+
+WebSettings rememberedWeb(const QSettings& store, WebSettings settings) {
+    if (store.contains(kWebOn)) settings.enabled = store.value(kWebOn).toBool();
+    if (QHostAddress address; store.contains(kWebAddress) && address.setAddress(store.value(kWebAddress).toString()))
+        settings.address = address;
+    readPort(store, kWebPort, settings.port);
+    return settings;
+}
+
+void rememberWeb(QSettings& store, const WebSettings& settings, bool on) {
+    store.setValue(kWebOn, on);
+    store.setValue(kWebAddress, settings.address.toString());
+    store.setValue(kWebPort, settings.port);
 }
 
 }  // namespace station::ui

@@ -13,5 +13,9 @@ namespace station::ui {
 // an address, not a port) keeps the one given.
 RemoteSettings rememberedRemote(const QSettings& store, RemoteSettings settings);
 void rememberRemote(QSettings& store, const RemoteSettings& settings, bool on);
+// The browser panel as "&Setup" > "Browser panel" was left, under "web/"; --web holds for
+// its run only and is not remembered.
+WebSettings rememberedWeb(const QSettings& store, WebSettings settings);
+void rememberWeb(QSettings& store, const WebSettings& settings, bool on);
 
 }  // namespace station::ui

@@ -20,9 +20,33 @@ QMenu* setupMenu(QMenuBar& bar) {
     return bar.addMenu(QStringLiteral("&Setup"));
 }
 
+void installWebEntry(QMainWindow& window, QMenu& menu, RemoteControl& remote, std::function<void(bool on)> switched) {
+    auto* entry = menu.addAction(QStringLiteral("Browser panel"));
+    entry->setObjectName(QStringLiteral("browserPanel"));
+    entry->setCheckable(true);
+    auto* note = new QLabel(&window);
+    note->setObjectName(QStringLiteral("webStatus"));
+    note->setTextInteractionFlags(Qt::TextSelectableByMouse);  // the address, to copy to a tablet
+    window.statusBar()->addPermanentWidget(note);
+    auto show = [entry, note, &remote] {
+        entry->setChecked(remote.webEnabled());
+        note->setText(remote.webStatus());
+        note->setVisible(!remote.webStatus().isEmpty());
+    };
+    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
+        if (switched) switched(on);
+        if (!remote.setWebEnabled(on))
+            QMessageBox::warning(&window, QStringLiteral("Browser panel"),
+                                 QStringLiteral("Browser panel could not start: ") + remote.webError());
+        show();
+    });
+    show();
+}
+
 }  // namespace
 
-void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched) {
+void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched,
+                       std::function<void(bool on)> webSwitched) {
     QMenu* menu = setupMenu(*window.menuBar());
     menu->addSeparator();
     auto* entry = menu->addAction(QStringLiteral("Remote control"));
@@ -45,6 +69,7 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function
         show();
     });
     show();
+    installWebEntry(window, *menu, remote, std::move(webSwitched));
 }
 
 }  // namespace station::ui

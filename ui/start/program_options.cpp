@@ -18,8 +18,25 @@ namespace station::ui {
 namespace {
 
 struct RemoteNames {
-    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle;
+    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle, &web;
 };
+
+// "[ADDRESS:]PORT"; an IPv6 address in brackets ("[::1]:8080").
+std::optional<RemoteOptions::Web> webOption(const std::string& text) {
+    RemoteOptions::Web web;
+    std::string port = text;
+    if (const auto colon = text.rfind(':'); colon != std::string::npos) {
+        std::string address = text.substr(0, colon);
+        if (address.size() >= 2 && address.front() == '[' && address.back() == ']') address = address.substr(1, address.size() - 2);
+        if (address.empty()) return std::nullopt;
+        web.address = address;
+        port = text.substr(colon + 1);
+    }
+    bool number = false;
+    web.port = QString::fromStdString(port).toInt(&number);
+    if (!number || web.port < 1 || web.port > 65535) return std::nullopt;
+    return web;
+}
 
 void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& names, ProgramOptions& o) {
     RemoteOptions& r = o.remote;
@@ -47,6 +64,11 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
         if (!number || seconds < 1) fail("--remote-idle: not a number of seconds: " + parser.value(names.idle).toStdString());
         else r.idleSeconds = seconds;
     }
+    if (parser.isSet(names.web)) {
+        const std::string text = parser.value(names.web).toStdString();
+        r.web = webOption(text);
+        if (!r.web) fail("--web: not [ADDRESS:]PORT: " + text);
+    }
     if (parser.isSet(names.folder)) {
         r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
         if (r.folder->empty()) fail(options::needsValue("--remote-folder", "a folder"));
@@ -73,9 +95,10 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
     const QCommandLineOption remoteIdle(QStringLiteral("remote-idle"), QString(), QStringLiteral("SECONDS"));
+    const QCommandLineOption web(QStringLiteral("web"), QString(), QStringLiteral("[ADDRESS:]PORT"));
     const QCommandLineOption noRestore(QStringLiteral("no-restore"));
     parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
-                       remoteFolder, remoteIdle, noRestore});
+                       remoteFolder, remoteIdle, web, noRestore});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -109,7 +132,7 @@ Parsed parse(const std::vector<std::string>& args) {
         o.definitions = std::filesystem::path(folder);
         if (folder.empty()) o.error = options::needsValue("--definitions", "a folder");
     }
-    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle}, o);
+    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle, web}, o);
     return out;
 }
 
@@ -141,7 +164,8 @@ std::vector<std::string> withoutQtOptions(const std::vector<std::string>& args) 
 std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
            "                       [--no-restore] [--remote] [--remote-address ADDR] [--remote-port N]\n"
-           "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS] [--version]\n"
+           "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS]\n"
+           "                       [--web [ADDRESS:]PORT] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -172,6 +196,9 @@ std::string programHelp() {
            "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
            "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n"
            "  --remote-idle SECONDS  close a TCP client that sends nothing this long (600)\n"
+           "  --web [ADDRESS:]PORT serve the browser panel, for this run: open\n"
+           "                       http://127.0.0.1:PORT/ in a browser (loopback only; without\n"
+           "                       the option, as \"&Setup\" > \"Browser panel\" was left)\n"
            "\n"
            "  --version            show the program's version\n"
            "  --help               show this text\n";

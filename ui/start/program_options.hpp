@@ -21,6 +21,12 @@ struct RemoteOptions {
     std::optional<int> oscPort;                      // --osc-port N
     std::optional<std::filesystem::path> folder;     // --remote-folder DIR
     std::optional<int> idleSeconds;                  // --remote-idle SECONDS
+    // --web [ADDRESS:]PORT: the browser panel, for this run.
+    struct Web {
+        std::optional<std::string> address;
+        int port = 0;
+    };
+    std::optional<Web> web;
 };
 
 struct ProgramOptions {
