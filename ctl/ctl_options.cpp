@@ -47,6 +47,7 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         else if (name == "--quiet") out.quiet = true;
         else if (name == "--keep-going") out.keepGoing = true;
         else if (name == "--partial") out.partial = true;
+        else if (name == "--main-only") out.mainOnly = true;
         else if (name == "--setup") out.setup = value();
         else if (name == "--save") out.save = value();
         else if (name == "--definitions") out.definitions = value();
@@ -114,6 +115,9 @@ std::string ctlHelp() {
            "                       the replaced version is kept as FILE.bak\n"
            "  --partial            with --save: write what was read even after a failure,\n"
            "                       naming the cameras whose columns were not read\n"
+           "  --main-only          with --save: a backup of the main settings alone is meant\n"
+           "                       (else a backup of cameras whose types have no definitions\n"
+           "                       is refused: it would hold no function settings)\n"
            "  --keep-going         go on past a refused command or a failed camera (the\n"
            "                       exit status still tells of it)\n"
            "  --script FILE        further commands, one per line (# starts a comment)\n"
