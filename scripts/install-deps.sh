@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev socat
-          qt6-base-dev qt6-serialport-dev liblo-dev pkg-config ccache)
+          qt6-base-dev qt6-serialport-dev liblo-dev pkg-config ccache dpkg-dev lintian)
 
 missing=()
 for p in "${packages[@]}"; do
