@@ -5,6 +5,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "camtype/camera_types.hpp"
+#include "common/vb_conv.hpp"
+
 namespace station::ctl {
 
 namespace {
@@ -14,13 +17,14 @@ std::string upper(std::string text) {
     return text;
 }
 
-std::string withoutBlanks(const std::string& text) {
-    std::string out;
-    for (const char c : text)
-        if (c != ' ' && c != '\t') out += c;
-    return out;
-}
+// A count cell of the station's tables (decimal text, empty is 0).
+int count(const std::string& cell) { return static_cast<int>(toInteger(val(cell))); }
 
+// The station's messages while a definition is read for a check: the check says what is wrong.
+class QuietMessages final : public MessageSink {
+public:
+    void show(const std::string&, Icon) override {}
+};
 
 bool named(const std::vector<std::pair<std::string, std::string>>& values, const std::string& code) {
     return std::any_of(values.begin(), values.end(), [&](const auto& v) { return sameCode(v.second, code); });
@@ -42,53 +46,48 @@ bool sameCode(const std::string& a, const std::string& b) {
 }
 
 TypeDefinition readTypeDefinition(std::string_view text) {
+    // The station's own reader fills one load slot; the items are then taken from its
+    // tables, so that corvane-ctl sees a definition exactly as the station loads it.
+    Shared shared;
+    TypeTables tables;
+    SettingStores stores;
+    QuietMessages messages;
+    CameraTypes reader(shared, tables, stores, messages);
+    constexpr int slot = 1;
+    reader.readTypeEntry(slot, text);
+    reader.loadDefinition(slot, text);
+
     TypeDefinition out;
-    std::istringstream in{std::string(text)};
-    std::string line, section, function;
-    bool scene = false;
-    while (std::getline(in, line)) {
-        // The station reads a tab as a blank: items may be written with either.
-        std::replace(line.begin(), line.end(), '\t', ' ');
-        while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.pop_back();
-        if (line.rfind("\xEF\xBB\xBF", 0) == 0) line.erase(0, 3);
-        if (line.empty()) continue;
-        if (line[0] == '[') {
-            section = line.substr(0, line.find(']') + 1);
-            continue;
-        }
-        const std::size_t eq = line.find('=');
-        if (eq == std::string::npos) continue;
-        const std::string key = line.substr(0, eq);
-        const std::string value = line.substr(eq + 1);
-        if (section == "[camera type]" && key == "CODE") out.code = value;
-        else if (section == "[form control]" && (key == "GAIN" || key == "FILTER" || key == "MONITOR")) {
-            // Only the first character counts, a non-digit as 0.
-            const int flag = !value.empty() && std::isdigit(static_cast<unsigned char>(value[0])) ? value[0] - '0' : 0;
-            (key == "GAIN" ? out.gainType : key == "FILTER" ? out.filterType : out.monitorType) = flag;
-        } else if (section == "[variable shutter]") {
-            const std::size_t blank = key.find(' ');
-            out.shutterSteps.emplace_back(blank == std::string::npos ? key : key.substr(blank + 1), withoutBlanks(value));
-        } else if (section == "[function menu]") {
-            if (key == "FS" || key == "F") {
-                function = value;
-                scene = key == "FS";
-            } else if (key[0] == '+' && !out.items.empty()) {
-                TypeItem& item = out.items.back();
-                const std::string name = key.substr(1);
-                if (item.kind == 'A') {
-                    if (name == "SIZE") item.size = value;
-                    else if (name == "MIN") item.min = value;
-                    else if (name == "MAX") item.max = value;
-                } else {
-                    item.values.emplace_back(name, withoutBlanks(value));
-                }
-            } else if (std::string("MAST").find(key[0]) != std::string::npos && key.size() > 1 && key[1] == ' ') {
-                const std::size_t name = key.find_first_not_of(' ', 1);
-                out.items.push_back({function, scene, key[0], name == std::string::npos ? "" : key.substr(name),
-                                     upper(withoutBlanks(value)), {}, {}, {}, {}});
+    out.code = tables.TypeCode(slot);
+    out.gainType = tables.FormGain(slot);
+    out.filterType = tables.FormFilter(slot);
+    out.monitorType = tables.FormMonitor(slot);
+    const int functions = count(tables.FuncList(slot, 0, 0));
+    for (int f = 1; f <= functions; ++f) {
+        const std::string& key = tables.FuncList(slot, f, 0);
+        if (key != "F" && key != "FS") continue;  // the station keeps no settings for them
+        const int items = count(tables.ItemList(slot, f, 0));
+        for (int i = 1; i <= items; ++i) {
+            TypeItem item;
+            item.function = tables.FuncList(slot, f, 1);
+            item.sceneFunction = key == "FS";
+            item.kind = tables.ItemList(slot, f, i).empty() ? ' ' : tables.ItemList(slot, f, i)[0];
+            item.name = tables.ItemList(slot, f, i + kItemNameCell);
+            item.code = upper(tables.ItemList(slot, f, i + kItemCodeCell));
+            if (item.kind == 'A') {
+                item.size = tables.ModeList(slot, f, i, kAnalogSize, 1);
+                item.min = tables.ModeList(slot, f, i, kAnalogMin, 1);
+                item.max = tables.ModeList(slot, f, i, kAnalogMax, 1);
+            } else {
+                const int values = count(tables.ModeList(slot, f, i, 0, 0));
+                for (int p = 1; p <= values; ++p)
+                    item.values.emplace_back(tables.ModeList(slot, f, i, p, 0), tables.ModeList(slot, f, i, p, 1));
             }
+            out.items.push_back(std::move(item));
         }
     }
+    const int steps = count(tables.VsList(slot, 0, 0));
+    for (int v = 1; v <= steps; ++v) out.shutterSteps.emplace_back(tables.VsList(slot, v, 0), tables.VsList(slot, v, 1));
     return out;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 // The items of a camera type as its definition file ("*.fcl") names them: each function's
 // items with their kind, the code their settings are kept under in a setup data file, and
-// the values the item can take. Read on its own, apart from the station's tables, so that
-// corvane-ctl can check a file before the station loads or sends anything.
+// the values the item can take. Read by the station's own definition reader into tables of
+// their own, so that corvane-ctl can check a file before the station loads or sends
+// anything, and sees every definition exactly as the station does.
 
 #include <filesystem>
 #include <optional>
