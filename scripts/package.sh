@@ -34,4 +34,13 @@ if lintian --tag-display-limit 0 "$deb" | grep -E 'hardening-no-(relro|fortify-f
 fi
 version=$(sed -n 's/^project(corvane_station VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
 bash "$root/tests/ui/package_test.sh" "$build" "$version" "$deb"
+# The packaged programs look for the samples and documentation where the package puts them.
+unpacked=$(mktemp -d)
+trap 'rm -rf "$unpacked"' EXIT
+dpkg-deb -x "$deb" "$unpacked"
+for wants in corvane-ctl:/usr/share/corvane-station corvane-station:/usr/share/doc/corvane-station; do
+  program=${wants%%:*}
+  grep -aq "${wants#*:}" "$unpacked/usr/bin/$program" && ! grep -aq /usr/local/ "$unpacked/usr/bin/$program" ||
+    { echo "package.sh: $program does not look for ${wants#*:}" >&2; exit 1; }
+done
 echo "$deb"
