@@ -4,6 +4,7 @@
 
 
 #include "ctl/files/restore_check.hpp"
+#include "ctl/files/setting_compare.hpp"
 #include "ctl/files/type_items.hpp"
 #include "tests/support/temp_folder.hpp"
 
@@ -129,6 +130,25 @@ TEST(RestoreCheck, MainSettingsWithinTheirControls) {
     EXPECT_TRUE(checkRestore(with(mid, "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,32,"), {5}, STATION_SAMPLES_DIR).has_value());
     // Without ranges (verify), the same file is read.
     EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR, false).has_value());
+}
+
+// Verify compares what the values denote; a level the item cannot take is a difference
+// whatever the camera holds, and says why.
+TEST(SettingCompare, ValuesNotText) {
+    const auto st1 = findTypeDefinition(STATION_SAMPLES_DIR, "ST1");
+    ASSERT_TRUE(st1.has_value());
+    CameraSettings file, read;
+    file.main[7] = "05";  // level mblk
+    read.main[7] = "5";
+    file.items["3050"] = "2a";
+    read.items["3050"] = "2A";
+    file.items["2040FC"] = "2";
+    read.items["2040FC"] = "02";
+    EXPECT_TRUE(settingDifferences(1, file, read, *st1).empty());
+    file.items["3051"] = "00";
+    read.items["3051"] = "40";
+    EXPECT_EQ(settingDifferences(1, file, read, *st1),
+              std::vector<std::string>{"camera 1: Knee / Knee Point: file 00 (below MIN 40) camera 40"});
 }
 
 }  // namespace
