@@ -39,6 +39,13 @@ StationReadout::Range StationReadout::levelRange(Level l) const {
 
 std::string StationReadout::levelText(Level l) const { return (station_.form1.*levelControl(l).number).Caption; }
 std::string StationReadout::gainStepText(int step) const { return station_.form1.Label1(step).Caption; }
+int StationReadout::gainType() const { return station_.types.FormGain(station_.panel.FclNo()); }
+
+StationReadout::Range StationReadout::gainValueRange(int step) const {
+    const MainPanel::GainStepRange r = station_.panel.gainStepRange(step);
+    return {r.lo, r.hi, toInteger(val(station_.stores.MainScnData(15 + step, station_.shared.CamNo, 0)))};
+}
+
 std::string StationReadout::filterText() const { return station_.form1.Label16.Caption; }
 bool StationReadout::tally() const { return station_.form1.Label15.BackColor == kColourRed; }
 bool StationReadout::callHeld() const { return station_.form1.CallOn != 0; }

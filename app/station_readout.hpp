@@ -52,6 +52,10 @@ public:
     Range levelRange(Level l) const;
     std::string levelText(Level l) const;
     std::string gainStepText(int step) const;  // 0 LOW, 1 MID, 2 HIGH
+    // The selected camera's gain type ("GAIN=" of its definition), and the values the spin
+    // buttons of gain step `step` can trim it to (lo > hi: the step's value is fixed).
+    int gainType() const;
+    Range gainValueRange(int step) const;
     std::string filterText() const;
     bool tally() const;
     bool callHeld() const;

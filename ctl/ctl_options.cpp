@@ -34,6 +34,7 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         else if (name == "--quiet") flag(out.quiet);
         else if (name == "--keep-going") flag(out.keepGoing);
         else if (name == "--partial") flag(out.partial);
+        else if (name == "--main-only") flag(out.mainOnly);
         else if (name == "--setup") out.setup = r.value();
         else if (name == "--save") out.save = r.value();
         else if (name == "--definitions") out.definitions = r.value();
@@ -101,6 +102,9 @@ std::string ctlHelp() {
            "                       the replaced version is kept as FILE.bak\n"
            "  --partial            with --save: write what was read even after a failure,\n"
            "                       naming the cameras whose columns were not read\n"
+           "  --main-only          with --save: a backup of the main settings alone is meant\n"
+           "                       (else a backup of cameras whose types have no definitions\n"
+           "                       is refused: it would hold no function settings)\n"
            "  --keep-going         go on past a refused command or a failed camera (the\n"
            "                       exit status still tells of it)\n"
            "  --script FILE        further commands, one per line (# starts a comment)\n"

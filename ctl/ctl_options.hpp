@@ -26,6 +26,7 @@ struct CtlOptions {
     bool quiet = false;                                // --quiet: no progress lines
     bool keepGoing = false;                            // --keep-going: on past a failed command
     bool partial = false;                              // --partial: save what was read after a failure
+    bool mainOnly = false;                             // --main-only: a backup without function settings is meant
     bool help = false;
     bool version = false;                              // --version
 };

@@ -9,6 +9,7 @@
 #include "common/vb_conv.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/files/restore_check.hpp"
+#include "ctl/restore_extras.hpp"
 
 namespace station::ctl {
 
@@ -64,7 +65,20 @@ std::vector<int> cameraList(const std::string& text) {
 Session::Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
                  CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal)
     : commands_(commands), view_(commands.readout()), ticks_(ticks), replies_(replies), tally_(tally),
-      messages_(messages), out_(out), err_(err), progress_(err, terminal, quiet) {}
+      messages_(messages), out_(out), err_(err), progress_(err, terminal, quiet) {
+    // A line that goes away is not waited out camera by camera: the run ends at once.
+    ticks_.watch = [this] {
+        const std::string state = view_.lineState();
+        if (state.rfind("lost (", 0) != 0) return;
+        const std::string name = device.empty() ? view_.lineDevice() : device;
+        std::string reason = state.substr(6, state.size() - 7);
+        if (reason.rfind(name + ": ", 0) == 0) reason.erase(0, name.size() + 2);
+        progress_.abandon();
+        throw RunError(ExitStatus::NoLine, "the line " + name + " was lost: " + reason);
+    };
+}
+
+Session::~Session() { ticks_.watch = nullptr; }
 
 void Session::settle() {
     ticks_.runUntil([this] { return !view_.awaitingAcknowledge() && !view_.awaitingAnswer(); }, milliseconds(2000));
@@ -147,12 +161,23 @@ bool Session::remote(const std::string& line) {
 
 Session::Part Session::onePage(int camera, bool reading, bool last, bool store) {
     const std::string select = commands_.execute("camera " + std::to_string(camera));
-    if (select != "OK") return {camera, tally_.settled(), 0, 0, select};
+    if (select != "OK") return {camera, tally_.settled(), 0, 0, select, {}};
     const int failuresBefore = messages_.failures();
     const long first = tally_.settled() + view_.queued();
     const std::string reply = commands_.execute(reading ? "page read" : "page send");
-    Part part{camera, first, tally_.settled() + view_.queued() - first, 0, {}};
+    std::vector<std::string> extras;
+    std::string extraFailure;
+    if (!reading && reply == "OK") {
+        try {
+            extras = restoreBeyondPage(commands_.actions());
+        } catch (const std::exception& e) {
+            extraFailure = e.what();
+        }
+    }
+    Part part{camera, first, tally_.settled() + view_.queued() - first, 0, {}, {}};
+    for (const std::string& e : extras) part.extras += (part.extras.empty() ? "" : ", ") + e;
     if (reply != "OK") part.failure = reply;
+    else if (!extraFailure.empty()) part.failure = extraFailure;
     else if (messages_.failures() != failuresBefore) part.failure = messages_.last();  // e.g. "No Camera ID"
     if (!part.failure.empty()) {
         giveUp();
@@ -167,6 +192,11 @@ Session::Part Session::onePage(int camera, bool reading, bool last, bool store) 
         return tally_.count(part.first, part.expected, FrameEnd::NoAcknowledge) > 0 ||
                tally_.count(part.first, part.expected, FrameEnd::GivenUp) > 0;
     };
+    // Cleared however the wait ends (a lost line ends it with an exception).
+    struct Cleared {
+        TickLoop& ticks;
+        ~Cleared() { ticks.afterTick = nullptr; }
+    } cleared{ticks_};
     ticks_.afterTick = [&] {
         if (blind) tally_.ended(FrameEnd::SentBlind, queuedBefore - view_.queued());
         queuedBefore = view_.queued();
@@ -241,7 +271,8 @@ Session::Outcome Session::outcomeOf(const Part& part, const std::string& action)
     const std::string counts = reading ? std::to_string(part.replies) + " replies"
                                        : std::to_string(sent) + " frames sent, " +
                                              (blind > 0 ? "no acknowledge asked" : std::to_string(acked) + " acknowledged");
-    return {part.camera, action, failed, failed ? detail + " (" + counts + ")" : counts};
+    const std::string set = part.extras.empty() ? "" : "; set beyond the page: " + part.extras;
+    return {part.camera, action, failed, failed ? detail + " (" + counts + ")" : counts + set};
 }
 
 CameraSettings Session::settingsOf(int camera) const {
@@ -260,7 +291,7 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
     if (!in) throw RunError(ExitStatus::BadFile, "verify: cannot read " + file);
     std::ostringstream text;
     text << in.rdbuf();
-    if (const auto problem = checkRestore(text.str(), cameras, definitions))
+    if (const auto problem = checkRestore(text.str(), cameras, definitions, false))
         throw RunError(ExitStatus::BadFile, file + (problem->lineNumber > 0 ? ":" + std::to_string(problem->lineNumber) : "") +
                                                 ": " + problem->reason + "; nothing was verified");
     // The station takes the file's settings; each camera's selected scene is then the
@@ -283,6 +314,9 @@ bool Session::verify(const std::string& file, const std::string& cameraText) {
             o.detail = differ.empty() ? "as " + file + " says"
                                       : std::to_string(differ.size()) + (differ.size() == 1 ? " setting differs" : " settings differ") +
                                             " from " + file;
+            std::string skipped;
+            for (const std::string& s : uncomparedSettings(*type, fromFile)) skipped += (skipped.empty() ? "" : ", ") + s;
+            if (!skipped.empty()) o.detail += "; not compared, the camera does not report them: " + skipped;
         }
         outcomes_.push_back(o);
         allSame = allSame && !o.failed;

@@ -56,11 +56,16 @@ public:
     // `terminal`: standard error is a terminal (progress counts up in place).
     Session(remote::CommandSet& commands, TickLoop& ticks, ReplyCount& replies, LinkTally& tally,
             CtlMessages& messages, std::ostream& out, std::ostream& err, bool quiet, bool terminal = false);
+    ~Session();
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
 
     // How long each camera may take; the defaults suit a line at 9600 bit/s.
     TimeAllowance allowance;
     // The camera-type definitions the station uses (verify names items by them).
     std::filesystem::path definitions{"."};
+    // The camera line's device, as a lost line is named.
+    std::string device;
 
     // Waits until the line's acknowledge and answer watches are idle after start-up.
     void settle();
@@ -87,6 +92,7 @@ private:
         long expected;  // frames its page queued
         long replies;   // good frames received while it was read
         std::string failure;
+        std::string extras;  // a restore's settings beyond the page send, in words
     };
     // `last`: no camera follows in this command; `store`: what was read becomes the
     // camera's selected scene.

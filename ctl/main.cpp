@@ -1,6 +1,7 @@
 // corvane-ctl: the camera control station without windows. See ctlHelp().
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -17,6 +18,7 @@
 #include "ctl/ctl_session.hpp"
 #include "ctl/files/definition_search.hpp"
 #include "ctl/files/restore_check.hpp"
+#include "ctl/files/type_items.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/tick_loop.hpp"
 #include "platform/termios_port.hpp"
@@ -63,9 +65,53 @@ void checkRestores(const ctl::CtlOptions& options, const fs::path& definitions) 
                                 problem->reason + "; nothing was restored");
 }
 
+// A backup (a read saved with --save) of cameras whose types have no definitions would hold
+// the main settings only and replace a file that held function settings too: it is refused
+// before the line is touched, unless --main-only says that is what is meant.
+void checkBackupTypes(const ctl::CtlOptions& options, const fs::path& definitions) {
+    if (!options.save || options.mainOnly || !options.setup) return;
+    std::vector<int> cameras;
+    for (const std::string& command : options.commands) {
+        remote::Words words(remote::splitWords(command));
+        if (remote::lower(words.peek()) != "read") continue;
+        words.take("command");
+        if (words.done()) continue;
+        try {
+            for (const int c : ctl::cameraList(words.take("cameras"))) cameras.push_back(c);
+        } catch (const std::exception&) {
+            continue;  // refused when it is carried out
+        }
+    }
+    std::ifstream in(*options.setup, std::ios::binary);
+    sim::LineSetup setup;
+    sim::readSetupData(in, setup);
+    std::vector<std::string> missing;
+    for (const int camera : cameras) {
+        const std::string& type = setup.at(camera).type;
+        if (type.empty() || ctl::findTypeDefinition(definitions, type)) continue;
+        if (std::find(missing.begin(), missing.end(), type) == missing.end()) missing.push_back(type);
+    }
+    if (missing.empty()) return;
+    std::string types, looked;
+    for (const std::string& t : missing) types += (types.empty() ? "" : ", ") + t;
+    for (const fs::path& folder : ctl::definitionCandidates(options.setup))
+        looked += (looked.empty() ? "" : ", ") + folder.string();
+    throw ctl::RunError(ctl::ExitStatus::BadFile,
+                        "no definition of camera type" + std::string(missing.size() == 1 ? " " : "s ") + types + " in " +
+                            definitions.string() + " (looked in " + looked +
+                            "): the backup would hold no function settings; nothing was read or saved "
+                            "(--definitions FOLDER names them, --main-only saves the main settings alone)");
+}
+
 int run(const ctl::CtlOptions& options) {
+    if (options.setup) {
+        std::ifstream readable(*options.setup, std::ios::binary);
+        if (!readable || fs::is_directory(*options.setup))
+            throw ctl::RunError(ctl::ExitStatus::BadFile, "cannot read the setup file " + options.setup->string());
+    }
     const fs::path definitions = definitionFolder(options);
     checkRestores(options, definitions);
+    checkBackupTypes(options, definitions);
     std::unique_ptr<sim::Line> line;
     std::unique_ptr<SerialPort> device;
     if (options.simulate) {
@@ -73,6 +119,7 @@ int run(const ctl::CtlOptions& options) {
         if (!in) throw std::invalid_argument("cannot read " + options.setup->string());
         sim::LineSetup setup;
         sim::readSetupData(in, setup);
+        setup.startValues = sim::startValuesIn(definitions);
         line = std::make_unique<sim::Line>();
         setup.build(*line);
         device = std::make_unique<sim::SimPort>(*line);
@@ -109,6 +156,7 @@ int run(const ctl::CtlOptions& options) {
     ctl::Session session(commands, ticks, replies, tally, messages, std::cout, std::cerr, options.quiet,
                          ::isatty(STDERR_FILENO) == 1);
     session.definitions = definitions;
+    if (!line) session.device = options.port ? *options.port : std::string(std::getenv("CORVANE_PORT"));
 
     // What the station leaves out or changes without a box is said on the error stream.
     station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };

@@ -38,6 +38,11 @@ void ProgressLine::end(const std::string& result) {
     open_ = false;
 }
 
+void ProgressLine::abandon() {
+    if (open_) err_ << "\r" << kClearToEnd << std::flush;
+    open_ = false;
+}
+
 void ProgressLine::note(const std::string& text) {
     if (!quiet_) err_ << "corvane-ctl: " << text << "\n";
 }

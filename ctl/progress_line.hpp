@@ -16,6 +16,8 @@ public:
     void begin(const std::string& what, long expected);
     void update(long done);  // shown only when it changed
     void end(const std::string& result);
+    // Clears a count left open when the run ends in the middle of it.
+    void abandon();
     // A line that belongs to no camera ("camera 2: auto white").
     void note(const std::string& text);
 

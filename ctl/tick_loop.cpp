@@ -23,6 +23,8 @@ void TickLoop::follow(Entry& e, Micros now) {
 
 bool TickLoop::runUntil(const std::function<bool()>& done, Micros limit) {
     const Micros end = clock_.now() + limit;
+    // What is already so needs no tick.
+    if (done()) return true;
     for (;;) {
         const Micros now = clock_.now();
         for (Entry& e : entries_) follow(e, now);
@@ -37,6 +39,7 @@ bool TickLoop::runUntil(const std::function<bool()>& done, Micros limit) {
         // Late ticks are not made up: a timer that fell behind ticks once and goes on.
         due->next = std::max(due->next + std::chrono::milliseconds(due->model.Interval), clock_.now());
         due->tick();
+        if (watch) watch();
         if (afterTick) afterTick();
         if (done()) return true;
     }

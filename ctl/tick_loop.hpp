@@ -45,13 +45,16 @@ class TickLoop {
 public:
     TickLoop(Station& station, Clock& clock);
 
-    // Ticks until `done` holds after a tick or `limit` has passed; whether it held.
+    // Ticks until `done` holds (before the first tick or after one) or `limit` has passed;
+    // whether it held.
     bool runUntil(const std::function<bool()>& done, Micros limit);
     void run(Micros span) { runUntil([] { return false; }, span); }
     Micros now() { return clock_.now(); }
 
     // Runs after every tick (the program checks what the tick brought).
     std::function<void()> afterTick;
+    // Runs after every tick before afterTick, whoever waits; may throw to end the run.
+    std::function<void()> watch;
 
 private:
     struct Entry {

@@ -4,7 +4,8 @@ set -euo pipefail
 
 packages=(cmake ninja-build g++ clang libclang-rt-14-dev libgtest-dev libgmock-dev libbenchmark-dev socat
           qt6-base-dev qt6-serialport-dev qt6-httpserver-dev qt6-websockets-dev liblo-dev pkg-config ccache
-          chromium chromium-driver python3-selenium)  # the last three: the browser panel's tests
+          dpkg-dev lintian                             # the Debian package and its checks
+          chromium chromium-driver python3-selenium)  # the browser panel's tests
 
 missing=()
 for p in "${packages[@]}"; do

@@ -7,9 +7,17 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build="${BUILD:-$root/build/package}"
 
-if [ ! -f "$build/CPackConfig.cmake" ]; then
+# The programs are built for where the package puts them (/usr: they find their samples
+# and documentation there), with Debian's hardening flags (fortify, PIE, bind now).
+command -v dpkg-buildflags >/dev/null || { echo "package.sh: dpkg-buildflags is missing (apt-get install dpkg-dev)" >&2; exit 1; }
+export DEB_BUILD_MAINT_OPTIONS=hardening=+all
+cxxflags="$(dpkg-buildflags --get CPPFLAGS) $(dpkg-buildflags --get CXXFLAGS)"
+ldflags=$(dpkg-buildflags --get LDFLAGS)
+if [ -z "${BUILD:-}" ] || [ ! -f "$build/CPackConfig.cmake" ]; then
   cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DSTATION_UI=ON \
-    -DSTATION_TESTS=OFF -DSTATION_BENCH=OFF >/dev/null
+    -DSTATION_TESTS=OFF -DSTATION_BENCH=OFF -DCMAKE_INSTALL_PREFIX=/usr \
+    -DCMAKE_POSITION_INDEPENDENT_CODE=ON -DCMAKE_CXX_FLAGS="$cxxflags" \
+    -DCMAKE_EXE_LINKER_FLAGS="$ldflags" -DCMAKE_SHARED_LINKER_FLAGS="$ldflags" >/dev/null
 fi
 cmake --build "$build" -j 2
 rm -f "$build"/corvane-station_*.deb
@@ -19,6 +27,20 @@ deb=$(ls "$build"/corvane-station_*.deb)
 command -v lintian >/dev/null || { echo "package.sh: lintian is missing (apt-get install lintian)" >&2; exit 1; }
 # Errors fail the package; warnings are shown.
 lintian --fail-on error --tag-display-limit 0 "$deb"
+# A hardening gap is a failure too.
+if lintian --tag-display-limit 0 "$deb" | grep -E 'hardening-no-(relro|fortify-functions|bindnow|pie)'; then
+  echo "package.sh: the programs lack Debian's hardening" >&2
+  exit 1
+fi
 version=$(sed -n 's/^project(corvane_station VERSION \([0-9.]*\).*/\1/p' "$root/CMakeLists.txt")
 bash "$root/tests/ui/package_test.sh" "$build" "$version" "$deb"
+# The packaged programs look for the samples and documentation where the package puts them.
+unpacked=$(mktemp -d)
+trap 'rm -rf "$unpacked"' EXIT
+dpkg-deb -x "$deb" "$unpacked"
+for wants in corvane-ctl:/usr/share/corvane-station corvane-station:/usr/share/doc/corvane-station; do
+  program=${wants%%:*}
+  grep -aq "${wants#*:}" "$unpacked/usr/bin/$program" && ! grep -aq /usr/local/ "$unpacked/usr/bin/$program" ||
+    { echo "package.sh: $program does not look for ${wants#*:}" >&2; exit 1; }
+done
 echo "$deb"

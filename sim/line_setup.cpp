@@ -50,6 +50,11 @@ void LineSetup::build(Line& line) const {
             continue;
         }
         Camera& cam = line.addCamera(p, c.type, c.id);
+        if (const auto found = startValues.find(c.type); found != startValues.end())
+            for (const StartValue& v : found->second) {
+                cam.setWide(v.address, v.wide, v.cls);
+                cam.setLevel(v.address, v.value, v.cls);
+            }
         cam.faults = c.faults;
         if (c.autoResult) cam.autoResultCode = *c.autoResult;
         if (autoDelay) cam.timing.autoDelay = *autoDelay;

@@ -15,6 +15,7 @@
 #include <string_view>
 
 #include "sim/line.hpp"
+#include "sim/type_registers.hpp"
 
 namespace station::sim {
 
@@ -32,6 +33,9 @@ struct LineSetup {
     bool idMode = false;
     std::optional<Micros> autoDelay;  // for every camera
     std::array<CameraSetup, kMaxCameras> cameras;  // position N at index N - 1
+    // Where each type's registers start (from its definition file); a type not listed
+    // starts every register at 0.
+    std::map<std::string, std::vector<StartValue>> startValues;
 
     // Raises std::invalid_argument outside 1..8.
     CameraSetup& at(int position);

@@ -49,7 +49,7 @@ public:
 
     std::array<std::string, kCameras + 1> types;
     std::array<int, kCameras + 1> typeLine{};
-    std::map<std::string, Row> sceneRows, plainRows;
+    std::map<std::string, Row> mainRows, sceneRows, plainRows;
 
 private:
     std::optional<RestoreProblem> take(int number, const std::string& line);
@@ -125,8 +125,52 @@ std::optional<RestoreProblem> Reader::take(int number, const std::string& line) 
             for (const std::string& v : list)
                 if (!v.empty() && !wholeNumber(v))
                     return RestoreProblem{number, key + " value \"" + v + "\" is not a whole number"};
+            mainRows[key] = {number, std::move(list)};
         } else {
             (section == "[function data]" ? plainRows : sceneRows)[key] = {number, std::move(list)};
+        }
+    }
+    return std::nullopt;
+}
+
+// What a main setting can be for a camera of `type`: the panel's buttons for a mode, its
+// bar for a level, what the spin buttons of a gain step reach under the type's gain type.
+// A setting whose value the type fixes (LOW under gain types 1 and 2) takes any number.
+struct Limits {
+    long lo;
+    long hi;
+    const char* what;
+};
+
+std::optional<Limits> limitsOf(const std::string& key, const TypeDefinition& type) {
+    const int g = type.gainType;
+    if (key[0] == 'a') return Limits{-128, 127, "its bar runs"};
+    if (key == "mBar" || key == "mDTL" || key == "mSHT") return Limits{0, 1, "its buttons are"};
+    if (key == "mWHITE" || key == "mIRIS") return Limits{0, 3, "its buttons are"};
+    if (key == "mMONSEL") return Limits{0, 31, "its buttons are"};
+    if (key == "mFILTER") return Limits{0, 7, "the filter's positions are"};
+    if (key == "mGAIN") return g == 0 ? Limits{0, 2, "the gain steps of this type are"} : Limits{0, 3, "the gain steps of this type are"};
+    const char* steps = "the gain step's values are";
+    if (key == "mLOW") {
+        if (g == 1 || g == 2) return std::nullopt;
+        return Limits{0, 1, steps};
+    }
+    if (g == 1 || g == 2) return Limits{0, 31, steps};
+    if (g == 3) return Limits{0, 3, steps};
+    return Limits{0, 2, steps};
+}
+
+std::optional<RestoreProblem> checkMain(const Reader& file, int camera, const TypeDefinition& type) {
+    for (const auto& [key, row] : file.mainRows) {
+        const auto limits = limitsOf(key, type);
+        if (!limits) continue;
+        for (int k = 0; k < kScenes; ++k) {
+            const std::string& v = row.values[static_cast<std::size_t>((camera - 1) * kScenes + k)];
+            const long n = v.empty() ? 0 : v.size() > 9 ? (v[0] == '-' ? -1'000'000'000L : 1'000'000'000L) : std::stol(v);
+            if (n < limits->lo || n > limits->hi)
+                return RestoreProblem{row.line, "camera " + std::to_string(camera) + ": " + key + " cannot be " + v + ": " +
+                                                    limits->what + " " + std::to_string(limits->lo) + " to " +
+                                                    std::to_string(limits->hi)};
         }
     }
     return std::nullopt;
@@ -135,7 +179,7 @@ std::optional<RestoreProblem> Reader::take(int number, const std::string& line) 
 }  // namespace
 
 std::optional<RestoreProblem> checkRestore(std::string_view text, const std::vector<int>& cameras,
-                                           const std::filesystem::path& definitions) {
+                                           const std::filesystem::path& definitions, bool ranges) {
     Reader file;
     if (const auto problem = file.read(text)) return problem;
     for (const int camera : cameras) {
@@ -146,6 +190,8 @@ std::optional<RestoreProblem> checkRestore(std::string_view text, const std::vec
         if (!definition)
             return RestoreProblem{line, "no definition of camera type " + type + " (camera " + std::to_string(camera) +
                                             ") in " + definitions.string()};
+        if (!ranges) continue;
+        if (const auto problem = checkMain(file, camera, *definition)) return problem;
         for (const TypeItem& item : definition->items) {
             if (item.kind != 'M' && item.kind != 'A' && item.kind != 'S') continue;
             const auto& rows = item.sceneFunction ? file.sceneRows : file.plainRows;
@@ -154,9 +200,12 @@ std::optional<RestoreProblem> checkRestore(std::string_view text, const std::vec
             const int per = item.sceneFunction ? kScenes : 1;
             for (int k = 0; k < per; ++k) {
                 const std::string& v = row->second.values[static_cast<std::size_t>((camera - 1) * per + k)];
-                if (!definition->takes(item, v))
+                if (!definition->takes(item, v)) {
+                    const auto why = item.kind == 'A' ? definition->levelProblem(item, v) : std::nullopt;
                     return RestoreProblem{row->second.line, "camera " + std::to_string(camera) + ": " + item.function +
-                                                                " / " + item.name + " cannot be \"" + v + "\""};
+                                                                " / " + item.name + " cannot be \"" + v + "\"" +
+                                                                (why ? " (" + *why + ")" : std::string())};
+                }
             }
         }
     }

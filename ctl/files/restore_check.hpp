@@ -21,8 +21,11 @@ struct RestoreProblem {
 
 // Checks `text` (the content of a setup data file) for restoring `cameras`: every section
 // and line parses, each camera has a type whose definition is in `definitions`, and every
-// value of those cameras is one its type can take. Nothing when it may be restored.
+// value of those cameras is one its control or item can take (a level within its bar or
+// MIN..MAX, a mode among its buttons or codes, a gain step the type has). Nothing when it may
+// be restored. `ranges` false checks the file's form and types only (verify reports a value
+// out of range as a difference instead).
 std::optional<RestoreProblem> checkRestore(std::string_view text, const std::vector<int>& cameras,
-                                           const std::filesystem::path& definitions);
+                                           const std::filesystem::path& definitions, bool ranges = true);
 
 }  // namespace station::ctl

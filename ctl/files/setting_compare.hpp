@@ -23,7 +23,12 @@ const char* mainSettingName(std::size_t index);
 
 // "camera N: <setting>: file <value> camera <value>", one line per setting that differs.
 // Only the items `type` defines are compared: other rows belong to other camera types.
+// Settings are compared as the values they denote ("2a" is 2A, "05" is 5), never as text.
 std::vector<std::string> settingDifferences(int camera, const CameraSettings& file, const CameraSettings& read,
                                             const TypeDefinition& type);
+
+// The main settings a camera of `type` does not report, so verify cannot compare them
+// (gain step values its gain register does not carry, a filter or monitor it lacks).
+std::vector<std::string> uncomparedSettings(const TypeDefinition& type, const CameraSettings& file);
 
 }  // namespace station::ctl

@@ -5,6 +5,9 @@
 #include <fstream>
 #include <sstream>
 
+#include "camtype/camera_types.hpp"
+#include "common/vb_conv.hpp"
+
 namespace station::ctl {
 
 namespace {
@@ -14,12 +17,20 @@ std::string upper(std::string text) {
     return text;
 }
 
-std::string withoutBlanks(const std::string& text) {
-    std::string out;
-    for (const char c : text)
-        if (c != ' ' && c != '\t') out += c;
-    return out;
+// A count cell of the station's tables (decimal text, empty is 0).
+int count(const std::string& cell) { return static_cast<int>(toInteger(val(cell))); }
+
+// The station's messages while a definition is read for a check: the check says what is wrong.
+class QuietMessages final : public MessageSink {
+public:
+    void show(const std::string&, Icon) override {}
+};
+
+bool named(const std::vector<std::pair<std::string, std::string>>& values, const std::string& code) {
+    return std::any_of(values.begin(), values.end(), [&](const auto& v) { return sameCode(v.second, code); });
 }
+
+}  // namespace
 
 std::optional<unsigned long> hexValue(const std::string& text) {
     if (text.empty() || text.size() > 8 || text.find_first_not_of("0123456789abcdefABCDEF") != std::string::npos)
@@ -27,52 +38,56 @@ std::optional<unsigned long> hexValue(const std::string& text) {
     return std::stoul(text, nullptr, 16);
 }
 
-bool named(const std::vector<std::pair<std::string, std::string>>& values, const std::string& code) {
-    return std::any_of(values.begin(), values.end(), [&](const auto& v) { return upper(v.second) == upper(code); });
+bool sameCode(const std::string& a, const std::string& b) {
+    const auto x = hexValue(a);
+    const auto y = hexValue(b);
+    if (x && y) return *x == *y;
+    return upper(a) == upper(b);
 }
 
-}  // namespace
-
 TypeDefinition readTypeDefinition(std::string_view text) {
+    // The station's own reader fills one load slot; the items are then taken from its
+    // tables, so that corvane-ctl sees a definition exactly as the station loads it.
+    Shared shared;
+    TypeTables tables;
+    SettingStores stores;
+    QuietMessages messages;
+    CameraTypes reader(shared, tables, stores, messages);
+    constexpr int slot = 1;
+    reader.readTypeEntry(slot, text);
+    reader.loadDefinition(slot, text);
+
     TypeDefinition out;
-    std::istringstream in{std::string(text)};
-    std::string line, section, function;
-    bool scene = false;
-    while (std::getline(in, line)) {
-        while (!line.empty() && (line.back() == '\r' || line.back() == ' ')) line.pop_back();
-        if (line.rfind("\xEF\xBB\xBF", 0) == 0) line.erase(0, 3);
-        if (line.empty()) continue;
-        if (line[0] == '[') {
-            section = line.substr(0, line.find(']') + 1);
-            continue;
-        }
-        const std::size_t eq = line.find('=');
-        if (eq == std::string::npos) continue;
-        const std::string key = line.substr(0, eq);
-        const std::string value = line.substr(eq + 1);
-        if (section == "[camera type]" && key == "CODE") out.code = value;
-        else if (section == "[variable shutter]") {
-            const std::size_t tab = key.find('\t');
-            out.shutterSteps.emplace_back(tab == std::string::npos ? key : key.substr(tab + 1), withoutBlanks(value));
-        } else if (section == "[function menu]") {
-            if (key == "FS" || key == "F") {
-                function = value;
-                scene = key == "FS";
-            } else if (key[0] == '+' && !out.items.empty()) {
-                TypeItem& item = out.items.back();
-                const std::string name = key.substr(1);
-                if (item.kind == 'A') {
-                    if (name == "SIZE") item.size = value;
-                    else if (name == "MIN") item.min = value;
-                    else if (name == "MAX") item.max = value;
-                } else {
-                    item.values.emplace_back(name, withoutBlanks(value));
-                }
-            } else if (const std::size_t tab = key.find('\t'); tab != std::string::npos) {
-                out.items.push_back({function, scene, key[0], key.substr(tab + 1), upper(withoutBlanks(value)), {}, {}, {}, {}});
+    out.code = tables.TypeCode(slot);
+    out.gainType = tables.FormGain(slot);
+    out.filterType = tables.FormFilter(slot);
+    out.monitorType = tables.FormMonitor(slot);
+    const int functions = count(tables.FuncList(slot, 0, 0));
+    for (int f = 1; f <= functions; ++f) {
+        const std::string& key = tables.FuncList(slot, f, 0);
+        if (key != "F" && key != "FS") continue;  // the station keeps no settings for them
+        const int items = count(tables.ItemList(slot, f, 0));
+        for (int i = 1; i <= items; ++i) {
+            TypeItem item;
+            item.function = tables.FuncList(slot, f, 1);
+            item.sceneFunction = key == "FS";
+            item.kind = tables.ItemList(slot, f, i).empty() ? ' ' : tables.ItemList(slot, f, i)[0];
+            item.name = tables.ItemList(slot, f, i + kItemNameCell);
+            item.code = upper(tables.ItemList(slot, f, i + kItemCodeCell));
+            if (item.kind == 'A') {
+                item.size = tables.ModeList(slot, f, i, kAnalogSize, 1);
+                item.min = tables.ModeList(slot, f, i, kAnalogMin, 1);
+                item.max = tables.ModeList(slot, f, i, kAnalogMax, 1);
+            } else {
+                const int values = count(tables.ModeList(slot, f, i, 0, 0));
+                for (int p = 1; p <= values; ++p)
+                    item.values.emplace_back(tables.ModeList(slot, f, i, p, 0), tables.ModeList(slot, f, i, p, 1));
             }
+            out.items.push_back(std::move(item));
         }
     }
+    const int steps = count(tables.VsList(slot, 0, 0));
+    for (int v = 1; v <= steps; ++v) out.shutterSteps.emplace_back(tables.VsList(slot, v, 0), tables.VsList(slot, v, 1));
     return out;
 }
 
@@ -88,20 +103,28 @@ bool TypeDefinition::takes(const TypeItem& item, const std::string& value) const
     switch (item.kind) {
     case 'M': return named(item.values, value);
     case 'S': return named(item.values, value) || named(shutterSteps, value);
-    case 'A': {
-        // A value is restored as the camera reported it, also outside the type's MIN..MAX
-        // (cameras answer their own defaults), but it must fit the frame: SIZE hex digits.
-        const auto size = std::atoi(item.size.c_str());
-        return hexValue(value).has_value() && (size <= 0 || value.size() == static_cast<std::size_t>(size));
-    }
+    case 'A': return !levelProblem(item, value);
     default: return true;
     }
+}
+
+std::optional<std::string> TypeDefinition::levelProblem(const TypeItem& item, const std::string& value) const {
+    // The window reads a level in any case and width that fits the item's SIZE hex digits.
+    const auto v = hexValue(value);
+    const auto size = std::atoi(item.size.c_str());
+    if (!v || (size > 0 && value.size() > static_cast<std::size_t>(size)))
+        return "is not a level of " + std::to_string(size) + " hex digits";
+    const auto lo = hexValue(item.min);
+    const auto hi = hexValue(item.max);
+    if (lo && *v < *lo) return "below MIN " + item.min;
+    if (hi && *v > *hi) return "above MAX " + item.max;
+    return std::nullopt;
 }
 
 std::string TypeDefinition::valueName(const TypeItem& item, const std::string& value) const {
     for (const auto* list : {&item.values, &shutterSteps})
         for (const auto& [name, valueCode] : *list)
-            if (upper(valueCode) == upper(value) && !value.empty()) return name;
+            if (!value.empty() && sameCode(valueCode, value)) return name;
     return value.empty() ? "(none)" : value;
 }
 

@@ -1,8 +1,9 @@
 #pragma once
 // The items of a camera type as its definition file ("*.fcl") names them: each function's
 // items with their kind, the code their settings are kept under in a setup data file, and
-// the values the item can take. Read on its own, apart from the station's tables, so that
-// corvane-ctl can check a file before the station loads or sends anything.
+// the values the item can take. Read by the station's own definition reader into tables of
+// their own, so that corvane-ctl can check a file before the station loads or sends
+// anything, and sees every definition exactly as the station does.
 
 #include <filesystem>
 #include <optional>
@@ -25,17 +26,28 @@ struct TypeItem {
 
 struct TypeDefinition {
     std::string code;  // "CODE=" of "[camera type]"
+    int gainType = 0;     // "[form control]" GAIN=, FILTER=, MONITOR=
+    int filterType = 0;
+    int monitorType = 0;
     std::vector<TypeItem> items;
     std::vector<std::pair<std::string, std::string>> shutterSteps;  // "[variable shutter]": name, code
 
     const TypeItem* item(std::string_view rowKey) const;
     // Whether `value` is one this item can take; an empty value (never set) always is.
     bool takes(const TypeItem& item, const std::string& value) const;
+    // Why a level cannot be item's ("below MIN 40"); nothing when it can.
+    std::optional<std::string> levelProblem(const TypeItem& item, const std::string& value) const;
     // The value as the type names it ("FILM", "1/100"), or the value itself.
     std::string valueName(const TypeItem& item, const std::string& value) const;
 };
 
 TypeDefinition readTypeDefinition(std::string_view text);
+
+// A code or level as the window reads it: hex digits in either case, with or without
+// leading zeros ("2a", "02A" and "2A" are one value); nothing when it is not hex.
+std::optional<unsigned long> hexValue(const std::string& text);
+// Whether two stored codes denote the same value.
+bool sameCode(const std::string& a, const std::string& b);
 
 // The definition of type `code` among the "*.fcl" files of `folder`; nothing when none.
 std::optional<TypeDefinition> findTypeDefinition(const std::filesystem::path& folder, const std::string& code);

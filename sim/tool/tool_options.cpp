@@ -1,7 +1,9 @@
 #include "sim/tool/tool_options.hpp"
 
 #include <charconv>
+#include <filesystem>
 #include <fstream>
+#include <optional>
 #include <stdexcept>
 
 #include "common/option_errors.hpp"
@@ -27,6 +29,7 @@ long wholeNumber(const std::string& option, const std::string& text, long min, l
 ToolOptions parseToolOptions(const std::vector<std::string>& args) {
     ToolOptions out;
     bool described = false;
+    std::optional<std::filesystem::path> definitions;  // --definitions, else the --setup file's folder
     options::OptionReader r(args);
     auto flag = [&r](bool& set) {
         r.flag();
@@ -47,6 +50,11 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
             if (!in) throw std::invalid_argument(options::cannotRead("--setup", path));
             readSetupData(in, out.line);
             described = true;
+            if (!definitions) definitions = std::filesystem::absolute(path).parent_path();
+        } else if (name == "--definitions") {
+            definitions = r.value();
+            if (!std::filesystem::is_directory(*definitions))
+                throw std::invalid_argument(options::badValue("--definitions", "a folder"));
         } else if (name == "--fault") {
             addFaultOption(r.value(), out.line);
         } else if (name == "--id-mode") {
@@ -68,6 +76,7 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         }
     }
     if (out.help || out.version) return out;
+    if (definitions) out.line.startValues = startValuesIn(*definitions);
     if (!described) {
         CameraSetup& first = out.line.at(1);
         first.present = true;
@@ -114,6 +123,16 @@ std::string toolHelp() {
            "  --speed 9600|19200    line speed in bit/s (default 9600)\n"
            "  --auto-delay MS       time auto white / auto black takes (default 3000)\n"
            "  Without --camera or --setup, one camera stands at position 1 with ID 01.\n"
+           "  --definitions FOLDER  the camera-type definitions (*.fcl) the cameras start\n"
+           "                        from (default: the --setup file's folder)\n"
+           "\n"
+           "What a camera holds when it starts:\n"
+           "  every function level at the lowest value its type allows (MIN in the type's\n"
+           "  definition), every other register at 0: the panel's first buttons and middle\n"
+           "  levels. A camera whose type has no definition starts everything at 0.\n"
+           "  Not modelled: a camera type's own factory values beyond MIN; a filter stepped\n"
+           "  by pulses (register 14) does not move the reported filter position; auto\n"
+           "  white and auto black report their result but change no level; the lens.\n"
            "\n"
            "Faults, per camera (repeat for more):\n"
            "  --fault N:KIND[=VALUE]  camera N shows the fault KIND:\n" +

@@ -4,6 +4,7 @@
 
 
 #include "ctl/files/restore_check.hpp"
+#include "ctl/files/setting_compare.hpp"
 #include "ctl/files/type_items.hpp"
 #include "tests/support/temp_folder.hpp"
 
@@ -84,11 +85,70 @@ TEST(TypeItems, NamesItemsAndTheirValues) {
     EXPECT_EQ(st1->item("40"), nullptr);  // an action item keeps no setting
     const TypeItem* level = st1->item("3050");
     ASSERT_NE(level, nullptr);
-    for (const char* takes : {"", "00", "FF", "7f"}) EXPECT_TRUE(st1->takes(*level, takes)) << takes;
-    // Below the knee point's MIN, as a camera answers before it was ever set: restorable.
-    EXPECT_TRUE(st1->takes(*st1->item("3051"), "00"));
-    for (const char* refuses : {"100", "F", "G0", "-1"}) EXPECT_FALSE(st1->takes(*level, refuses)) << refuses;
+    // Levels in any form the window reads: case, width, leading zeros.
+    for (const char* takes : {"", "00", "FF", "7f", "F", "0"}) EXPECT_TRUE(st1->takes(*level, takes)) << takes;
+    for (const char* refuses : {"100", "G0", "-1"}) EXPECT_FALSE(st1->takes(*level, refuses)) << refuses;
+    // The knee point runs from MIN 40 to MAX C0.
+    const TypeItem* knee = st1->item("3051");
+    EXPECT_EQ(st1->levelProblem(*knee, "00").value_or(""), "below MIN 40");
+    EXPECT_EQ(st1->levelProblem(*knee, "C1").value_or(""), "above MAX C0");
+    EXPECT_FALSE(st1->levelProblem(*knee, "c0").has_value());
+    EXPECT_TRUE(st1->takes(*mode, "2") && !st1->takes(*mode, "09"));
     EXPECT_FALSE(findTypeDefinition(STATION_SAMPLES_DIR, "ZZ9").has_value());
+}
+
+// Item lines written with blanks instead of tabs are items all the same, as the station
+// reads them.
+TEST(TypeItems, BlanksSeparateAsTabsDo) {
+    std::string text = testing::readBytes(STATION_SAMPLES_DIR "/st1.fcl");
+    for (char& c : text) c = c == '\t' ? ' ' : c;
+    const TypeDefinition blanks = readTypeDefinition(text);
+    const TypeItem* mode = blanks.item("2040FC");
+    ASSERT_NE(mode, nullptr);
+    EXPECT_EQ(mode->name, "Gamma Mode");
+    EXPECT_FALSE(blanks.takes(*mode, "09"));
+    EXPECT_EQ(blanks.valueName(*blanks.item("3055"), "000A"), "1/64.7");
+}
+
+// Main settings beyond what their controls take are refused, naming the line.
+TEST(RestoreCheck, MainSettingsWithinTheirControls) {
+    auto with = [](const std::string& from, const std::string& to) {
+        std::string text = studio();
+        text.replace(text.find(from), from.size(), to);
+        return text;
+    };
+    const auto bar = checkRestore(with("aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR);
+    ASSERT_TRUE(bar.has_value());
+    EXPECT_EQ(bar->reason, "camera 1: aMBLK cannot be 128: its bar runs -128 to 127");
+    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=127,"), {1}, STATION_SAMPLES_DIR).has_value());
+    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=-128,"), {1}, STATION_SAMPLES_DIR).has_value());
+    // Gain type 0 (camera 1) has three steps, gain type 1 (camera 5) four.
+    EXPECT_TRUE(checkRestore(with("mGAIN=0,", "mGAIN=3,"), {1}, STATION_SAMPLES_DIR).has_value());
+    EXPECT_FALSE(checkRestore(with("mGAIN=0,", "mGAIN=2,"), {1}, STATION_SAMPLES_DIR).has_value());
+    const std::string mid = "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,9,";
+    EXPECT_FALSE(checkRestore(with(mid, "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,31,"), {5}, STATION_SAMPLES_DIR).has_value());
+    EXPECT_TRUE(checkRestore(with(mid, "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,32,"), {5}, STATION_SAMPLES_DIR).has_value());
+    // Without ranges (verify), the same file is read.
+    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR, false).has_value());
+}
+
+// Verify compares what the values denote; a level the item cannot take is a difference
+// whatever the camera holds, and says why.
+TEST(SettingCompare, ValuesNotText) {
+    const auto st1 = findTypeDefinition(STATION_SAMPLES_DIR, "ST1");
+    ASSERT_TRUE(st1.has_value());
+    CameraSettings file, read;
+    file.main[7] = "05";  // level mblk
+    read.main[7] = "5";
+    file.items["3050"] = "2a";
+    read.items["3050"] = "2A";
+    file.items["2040FC"] = "2";
+    read.items["2040FC"] = "02";
+    EXPECT_TRUE(settingDifferences(1, file, read, *st1).empty());
+    file.items["3051"] = "00";
+    read.items["3051"] = "40";
+    EXPECT_EQ(settingDifferences(1, file, read, *st1),
+              std::vector<std::string>{"camera 1: Knee / Knee Point: file 00 (below MIN 40) camera 40"});
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <thread>
 
 #include "tests/e2e/child_process.hpp"
 #include "tests/support/temp_folder.hpp"
@@ -119,6 +120,24 @@ TEST(CtlUnattended, DamagedRestoreSendsNothing) {
         EXPECT_TRUE(says(run, file.string() + ":")) << run.err;
         EXPECT_TRUE(says(run, "nothing was restored")) << run.err;
     }
+    // Values no control or item of the camera can take: a level beyond its bar, a gain step
+    // the type lacks, a function level above its MAX.
+    auto changed = [&good](const std::string& from, const std::string& to) {
+        std::string text = good;
+        text.replace(text.find(from), from.size(), to);
+        return text;
+    };
+    const std::pair<std::string, std::string> outOfRange[] = {
+        {"23: camera 1: aMBLK cannot be 999", changed("aMBLK=0,", "aMBLK=999,")},
+        {"19: camera 6: mGAIN cannot be 7", changed("mGAIN=0,1,2,0,0,1,2,0,0,1,2,0,0,1,2,0,0,1,2,0,0,", "mGAIN=0,1,2,0,0,1,2,0,0,1,2,0,0,1,2,0,0,1,2,0,7,")},
+        {"61: camera 3: Shutter / Clear Scan cannot be \"FFFF\" (above MAX 07D0)", changed("305F=,,0258", "305F=,,FFFF")},
+    };
+    for (const auto& [reason, text] : outOfRange) {
+        const auto file = folder.write("range.csd", text);
+        const CtlRun run = ctl(folder, sim.device, {"--setup", file.string(), "--quiet", "write", "1-6"});
+        EXPECT_EQ(run.status, 2) << run.err;
+        EXPECT_TRUE(says(run, file.string() + ":" + reason)) << run.err;
+    }
     // A file whose folder has no definitions, restored with no --definitions: the type is
     // looked for elsewhere, and without it the restore is refused.
     const auto alone = folder.write("alone.csd", good);
@@ -144,10 +163,10 @@ TEST(CtlUnattended, RestoreReportsEachCamerasFrames) {
     ASSERT_FALSE(sim.device.empty());
     const CtlRun run = ctl(folder, sim.device, {"--setup", STATION_SAMPLES_DIR "/studio.csd", "write", "2-4"});
     EXPECT_EQ(run.status, 1) << run.err;
-    EXPECT_TRUE(says(run, "camera 2 (ST1, ID 2) write: 29 frames sent, 29 acknowledged")) << run.err;
+    EXPECT_TRUE(says(run, "camera 2 (ST1, ID 2) write: 33 frames sent, 33 acknowledged")) << run.err;
     EXPECT_TRUE(says(run, "camera 3 (HD3, ID 3) write: FAILED, No Acknowledge (1 frames sent, 0 acknowledged)"))
         << run.err;
-    EXPECT_TRUE(says(run, "camera 4 (HD3, ID 4) write: 29 frames sent, 29 acknowledged")) << run.err;
+    EXPECT_TRUE(says(run, "camera 4 (HD3, ID 4) write: 33 frames sent, 33 acknowledged")) << run.err;
 }
 
 TEST(CtlUnattended, RefusedCommandStopsTheRun) {
@@ -174,6 +193,55 @@ TEST(CtlUnattended, MissingPortFailsFastAndWritesNothing) {
     EXPECT_EQ(run.err, "corvane-ctl: cannot open /dev/corvane-no-such-line: No such file or directory\n");
     EXPECT_LT(run.took, 2s);
     EXPECT_FALSE(std::filesystem::exists(folder / "x.csd"));
+}
+
+// A backup of cameras whose types have no definitions would hold no function settings: it
+// is refused and the old file kept, unless the main settings alone are meant.
+TEST(CtlUnattended, BackupWithoutDefinitionsIsRefused) {
+    testing::TempFolder folder;
+    Sim sim(folder, {});
+    ASSERT_FALSE(sim.device.empty());
+    const auto setup = folder.write("studio.csd", testing::readBytes(STATION_SAMPLES_DIR "/studio.csd"));
+    const auto backup = folder.path() / "backup.csd";
+    const CtlRun run = ctl(folder, sim.device, {"--definitions", folder.path().string(), "--setup", setup.string(),
+                                             "--quiet", "read", "1-2", "--save", backup.string()});
+    EXPECT_EQ(run.status, 2) << run.err;
+    EXPECT_TRUE(says(run, "no definition of camera type ST1 in " + folder.path().string())) << run.err;
+    EXPECT_FALSE(std::filesystem::exists(backup));
+    EXPECT_EQ(sim.framesFromStation(), 0);
+
+    const CtlRun mainOnly = ctl(folder, sim.device, {"--definitions", folder.path().string(), "--setup", setup.string(),
+                                                  "--quiet", "--main-only", "read", "1-2", "--save", backup.string()});
+    EXPECT_EQ(mainOnly.status, 0) << mainOnly.err;
+    EXPECT_TRUE(std::filesystem::exists(backup));
+}
+
+// The line goes away in the middle of a backup (the adapter pulled): the run ends at once,
+// naming the device, and the previous backup stays as it was.
+TEST(CtlUnattended, LineLostMidBackupEndsTheRun) {
+    testing::TempFolder folder;
+    Sim sim(folder, {});
+    ASSERT_FALSE(sim.device.empty());
+    const std::string good = "the previous backup\r\n";
+    const auto backup = folder.write("backup.csd", good);
+    const auto err = folder / "ctl-err.txt";
+    ChildProcess child({"/bin/sh", "-c",
+                        std::string("exec " CORVANE_CTL_PATH " --port ") + (quoted)(sim.device) +
+                            " --definitions " STATION_SAMPLES_DIR " --quiet --setup " STATION_SAMPLES_DIR
+                            "/studio.csd read 1-6 --save " + (quoted)(backup.string()) + " 2>" + (quoted)(err.string())});
+    // Camera 1 takes 29 requests; the line goes while camera 2 is read.
+    const auto giveUp = std::chrono::steady_clock::now() + 20s;
+    while (sim.framesFromStation() < 35 && std::chrono::steady_clock::now() < giveUp) std::this_thread::sleep_for(20ms);
+    sim.process.stop();
+    const auto lost = std::chrono::steady_clock::now();
+    const int status = child.wait(10s);
+    const auto took = std::chrono::steady_clock::now() - lost;
+    EXPECT_EQ(status, 3);
+    EXPECT_LT(took, 2s * 5);  // within 2 s, with the slack of a loaded machine
+    const std::string said = testing::readBytes(err);
+    EXPECT_NE(said.find("corvane-ctl: the line " + sim.device + " was lost: "), std::string::npos) << said;
+    EXPECT_EQ(said.find("no answer in time"), std::string::npos) << said;
+    EXPECT_EQ(testing::readBytes(backup), good);
 }
 
 }  // namespace
