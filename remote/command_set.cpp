@@ -14,6 +14,10 @@ CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess ac
              for (const std::string& u : usage()) all += "\n" + u;
              return all + "\n";
          }});
+    // A peer beyond this computer gives the passcode before anything else (remote_session.hpp);
+    // here, on this computer, it is already in.
+    add({"auth", "auth PASSCODE (from beyond this computer, before any other command)", false,
+         [](Words&) { return std::string(); }});
     add({"box", "box ok (closes the box on the operator's screen as its OK button does)", false, [this](Words& w) {
              const std::string word = lower(w.take("ok"));
              if (word != "ok") throw CommandError("box takes ok, not \"" + word + "\"");
@@ -103,6 +107,7 @@ std::string CommandSet::execute(std::string_view line) {
         const std::vector<std::string> told = hold->take();
         if (!told.empty()) reply = "ERR " + toldText(told);
     }
+    if (executed) executed();
     return reply;
 }
 

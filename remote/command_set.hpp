@@ -88,6 +88,8 @@ public:
     std::string perform(const ActionResult& result);
     // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
+    // Runs after every line carried out, whatever its reply (what surfaces show may have changed).
+    std::function<void()> executed;
     // The text of the box up on the operator's screen, if any. While one is up the commands
     // that only read are answered as usual and every other gets "ERR box: <text>"; "box ok"
     // closes it through `closeBox`, as its OK button does. Unset: there are no boxes.
