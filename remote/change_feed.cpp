@@ -21,7 +21,7 @@ void ChangeFeed::Subscription::reset() {
 
 ChangeFeed::ChangeFeed(CommandSet& commands) : commands_(commands) {
     commands_.actions().watchLine(line_);
-    commands_.executed = [this] { changed(); };
+    commands_.changed = [this] { changed(); };
 }
 
 ChangeFeed::Subscription ChangeFeed::subscribe(Listener listener) {

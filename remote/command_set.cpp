@@ -2,6 +2,8 @@
 
 #include "common/runtime_error.hpp"
 
+#include <algorithm>
+
 namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
@@ -107,7 +109,7 @@ std::string CommandSet::execute(std::string_view line) {
         const std::vector<std::string> told = hold->take();
         if (!told.empty()) reply = "ERR " + toldText(told);
     }
-    if (executed) executed();
+    if (changed) changed();
     return reply;
 }
 
@@ -119,8 +121,10 @@ std::string CommandSet::run(Words& words) {
     if (command.acts) {
         if (const auto text = box ? box() : std::nullopt) throw CommandError("box: " + *text);
         if (readout().ended()) throw CommandError("the station has ended");
+        // The window keeps room for its largest gesture, so that a page sent at the window
+        // never meets a queue remote traffic has filled.
         const int waiting = readout().queued();
-        if (waiting > access_.queueLimit)
+        if (waiting > std::min(access_.queueLimit, SendQueue::kCapacity - readout().largestPageSend()))
             throw CommandError("queue full: " + std::to_string(waiting) + " frames waiting, try again");
     }
     // Values a fader gave before this command take effect before it.

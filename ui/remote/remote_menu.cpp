@@ -9,6 +9,7 @@
 #include <QStatusBar>
 
 #include "ui/remote/remote_control.hpp"
+#include "ui/remote/remote_window.hpp"
 
 namespace station::ui {
 
@@ -22,7 +23,8 @@ QMenu* setupMenu(QMenuBar& bar) {
 
 }  // namespace
 
-void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched) {
+void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched,
+                       std::function<void(const RemoteSettings&)> kept) {
     QMenu* menu = setupMenu(*window.menuBar());
     menu->addSeparator();
     auto* entry = menu->addAction(QStringLiteral("Remote control"));
@@ -40,6 +42,18 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function
     QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
         if (switched) switched(on);
         if (!remote.setEnabled(on))
+            QMessageBox::warning(&window, QStringLiteral("Remote control"),
+                                 QStringLiteral("Remote control could not start: ") + remote.error());
+        show();
+    });
+    auto* settings = menu->addAction(QStringLiteral("Remote control settings..."));
+    settings->setObjectName(QStringLiteral("remoteSettings"));
+    QObject::connect(settings, &QAction::triggered, &window, [&window, &remote, show, kept] {
+        RemoteWindow dialog(remote.settings(), &window);
+        if (dialog.exec() != QDialog::Accepted) return;
+        const RemoteSettings chosen = dialog.settings();
+        if (kept) kept(chosen);
+        if (!remote.apply(chosen))
             QMessageBox::warning(&window, QStringLiteral("Remote control"),
                                  QStringLiteral("Remote control could not start: ") + remote.error());
         show();
