@@ -1,6 +1,8 @@
 #include "app/station_readout.hpp"
 
 #include "app/availability.hpp"
+#include <algorithm>
+
 #include "app/station.hpp"
 #include "common/vb_conv.hpp"
 
@@ -113,6 +115,19 @@ std::optional<std::string> StationReadout::storedValue(int f, const FunctionItem
 
 std::string StationReadout::valueText(const FunctionItem& it, const std::string& value) const {
     return station_.editor.valueText(it, value);
+}
+
+int StationReadout::largestPageSend() const {
+    constexpr int kMainPage = 15;  // the modes, monitor, levels and filter of the main page
+    int most = kMainPage;
+    const TypeTables& types = station_.types;
+    for (int slot = 0; slot <= kMaxSlots; ++slot) {
+        int frames = kMainPage;
+        const int functions = static_cast<int>(val(types.FuncList(slot, 0, 0)));
+        for (int f = 1; f <= functions && f <= kMaxFunctions; ++f) frames += static_cast<int>(val(types.ItemList(slot, f, 0)));
+        most = std::max(most, frames);
+    }
+    return most;
 }
 
 }  // namespace station

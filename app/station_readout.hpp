@@ -89,6 +89,9 @@ public:
     Answer answer(int camera, std::chrono::system_clock::time_point now) const;
     // Frames waiting to go out; whether the link waits for an acknowledge or an answer.
     int queued() const;
+    // The most frames one window gesture can queue at once: "PC to Camera" for the loaded
+    // camera type with the most function items (the main page, then one frame per item).
+    int largestPageSend() const;
     bool awaitingAcknowledge() const;
     bool awaitingAnswer() const;
 

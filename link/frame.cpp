@@ -45,12 +45,30 @@ Bytes buildFrame(std::string_view cmdStr, const FrameHeader& header) {
     return frame;
 }
 
-bool SumCheck(std::span<const std::uint8_t> recData, int strlen) {
-    if (recData.empty() || recData[0] != 0x02) return true;
+namespace {
+
+// LEN and the data bytes added up as the station adds them (Overflow past 32767).
+Integer receivedSum(std::span<const std::uint8_t> recData, int strlen) {
     if (strlen < 2 || static_cast<std::size_t>(strlen) > recData.size()) throw RuntimeError::invalidCall();
     Integer total = 0;
     for (int pos = 2; pos <= strlen - 2; ++pos)
         total = checkedInteger(static_cast<long long>(total) + recData[static_cast<std::size_t>(pos - 1)]);
+    return total;
+}
+
+}  // namespace
+
+bool ExactSumCheck(std::span<const std::uint8_t> recData, int strlen) {
+    if (recData.empty() || recData[0] != 0x02) return true;
+    const Integer total = receivedSum(recData, strlen);
+    const auto chk = static_cast<std::int16_t>(recData[static_cast<std::size_t>(strlen - 2)] |
+                                               recData[static_cast<std::size_t>(strlen - 1)] << 8);
+    return chk != -1 - static_cast<long long>(total);
+}
+
+bool SumCheck(std::span<const std::uint8_t> recData, int strlen) {
+    if (recData.empty() || recData[0] != 0x02) return true;
+    const Integer total = receivedSum(recData, strlen);
     const std::string text = hexNoPad(recData[static_cast<std::size_t>(strlen - 1)]) +
                              hexNoPad(recData[static_cast<std::size_t>(strlen - 2)]);
     const long long v = readHexPrefix(text);

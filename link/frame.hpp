@@ -34,5 +34,9 @@ Bytes buildFrame(std::string_view cmdStr, const FrameHeader& header);
 // the station's long-standing behaviour and cameras answer it by resending. A sum over
 // 32767 raises Overflow.
 bool SumCheck(std::span<const std::uint8_t> recData, int strlen);
+// The same check with the checksum bytes read as the 16-bit number they are: a frame whose
+// sum matches is good whatever its checksum's digits. Otherwise as SumCheck (the first
+// byte, the overflow).
+bool ExactSumCheck(std::span<const std::uint8_t> recData, int strlen);
 
 }  // namespace station

@@ -122,7 +122,7 @@ bool Link::consumeFrame(std::size_t available) {
     // that the line is not stuck on it for good.
     bool bad = false;
     try {
-        bad = SumCheck(frame, static_cast<int>(n));
+        bad = exactChecksums_ ? ExactSumCheck(frame, static_cast<int>(n)) : SumCheck(frame, static_cast<int>(n));
         if (!bad) RecCmd(frame, static_cast<int>(n));
     } catch (const RuntimeError&) {
         recBuff_.erase(recBuff_.begin(), recBuff_.begin() + static_cast<std::ptrdiff_t>(n));

@@ -68,6 +68,13 @@ public:
     // command-line station's time limit); the station's own windows never call it.
     void giveUpQueued();
 
+    // "Read every checksum exactly": a reply is judged by whether its checksum matches, also
+    // when the checksum's low byte is below 0x10 (which the station's own reading turns
+    // down, so that the camera resends and, after a while, the answer watch runs out). Off
+    // by default: then every byte and tick is as the station has always had them.
+    void readChecksumsExactly(bool on) { exactChecksums_ = on; }
+    bool checksumsReadExactly() const { return exactChecksums_; }
+
     // Adds a watcher of the line (the line's state; a client counting replies); none by
     // default. Each watcher must outlive the link.
     void watch(LinkEvents* events) { events_.push_back(events); }
@@ -106,6 +113,7 @@ private:
     Integer testCnt_ = 0;
     Bytes testData_;
     std::vector<LinkEvents*> events_;
+    bool exactChecksums_ = false;
 };
 
 }  // namespace station

@@ -2,6 +2,8 @@
 
 #include "common/runtime_error.hpp"
 
+#include <algorithm>
+
 namespace station::remote {
 
 CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess access)
@@ -14,6 +16,10 @@ CommandSet::CommandSet(Station& station, PresetDialogs& dialogs, RemoteAccess ac
              for (const std::string& u : usage()) all += "\n" + u;
              return all + "\n";
          }});
+    // A peer beyond this computer gives the passcode before anything else (remote_session.hpp);
+    // here, on this computer, it is already in.
+    add({"auth", "auth PASSCODE (from beyond this computer, before any other command)", false,
+         [](Words&) { return std::string(); }});
     add({"box", "box ok (closes the box on the operator's screen as its OK button does)", false, [this](Words& w) {
              const std::string word = lower(w.take("ok"));
              if (word != "ok") throw CommandError("box takes ok, not \"" + word + "\"");
@@ -103,6 +109,7 @@ std::string CommandSet::execute(std::string_view line) {
         const std::vector<std::string> told = hold->take();
         if (!told.empty()) reply = "ERR " + toldText(told);
     }
+    if (changed) changed();
     return reply;
 }
 
@@ -114,8 +121,10 @@ std::string CommandSet::run(Words& words) {
     if (command.acts) {
         if (const auto text = box ? box() : std::nullopt) throw CommandError("box: " + *text);
         if (readout().ended()) throw CommandError("the station has ended");
+        // The window keeps room for its largest gesture, so that a page sent at the window
+        // never meets a queue remote traffic has filled.
         const int waiting = readout().queued();
-        if (waiting > access_.queueLimit)
+        if (waiting > std::min(access_.queueLimit, SendQueue::kCapacity - readout().largestPageSend()))
             throw CommandError("queue full: " + std::to_string(waiting) + " frames waiting, try again");
     }
     // Values a fader gave before this command take effect before it.

@@ -34,7 +34,8 @@ namespace station::remote {
 struct RemoteAccess {
     // Setup files may be opened and saved only inside this folder; none: no file commands.
     std::optional<std::filesystem::path> fileFolder;
-    // A command that could queue frames is refused while more than this many wait.
+    // A command that could queue frames is refused while more than this many wait, or more
+    // than leave room for the window's largest gesture (StationReadout::largestPageSend).
     int queueLimit = 200;
 };
 
@@ -67,7 +68,7 @@ public:
     // What surfaces show that changed since the last call; a camera's echo of an older value
     // of a fader still moving is held back (see fader_pacer.hpp).
     StateList changes() {
-        return watch_.changes([this](const StateItem& i) { return faders_.worthPushing(i.key, i.value); });
+        return watch_.changes([this](const StateItem& i) { return worthPushing(i); });
     }
     StateList state() const { return watch_.current(); }
 
@@ -88,6 +89,9 @@ public:
     std::string perform(const ActionResult& result);
     // Runs after every action that acted (the desktop program redraws its windows).
     std::function<void()> afterGesture;
+    // Runs whenever what surfaces show may have changed: after every line carried out,
+    // whatever its reply, and when a fader has settled so that a value held back may show.
+    std::function<void()> changed;
     // The text of the box up on the operator's screen, if any. While one is up the commands
     // that only read are answered as usual and every other gets "ERR box: <text>"; "box ok"
     // closes it through `closeBox`, as its OK button does. Unset: there are no boxes.
@@ -103,7 +107,9 @@ public:
     FaderPacer& faders() { return faders_; }
     // Runs just before each poll: kept values whose control's frame has gone out follow
     // it now, in time for this poll.
-    void beforePoll() { faders_.release(); }
+    void beforePoll() {
+        if (faders_.release() && changed) changed();
+    }
 
     Actions& actions() { return actions_; }
     const StationReadout& readout() const { return actions_.readout(); }
@@ -113,6 +119,9 @@ public:
 private:
     std::string run(Words& words);
     bool frameWaiting(FaderPacer::Ticket ticket) const;
+    // Whether a surface should be shown `item` now (fader_pacer.hpp); a function item of the
+    // shown page is known by its function and name, as its fader is.
+    bool worthPushing(const StateItem& item) const;
 
     Actions actions_;
     PresetDialogs& dialogs_;

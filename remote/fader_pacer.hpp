@@ -1,20 +1,26 @@
 #pragma once
 // A surface's fader or encoder sends 50 to 100 values a second; the line takes one frame a
-// 40 ms poll. For each control (a level, a function level) at most one frame from remote
-// commands waits in the send queue to be sent. While it does, newer values are kept here,
-// each replacing the one before, and the newest goes to the queue once the control's frame
-// has gone out: values reach the camera in the order they were given, a fader that stops
-// leaves the camera at most two polls behind, and one fader never fills the queue.
+// 40 ms poll. A control's first value goes at once; the values of a move take turns in one
+// lane: at most one frame from them waits in the send queue to be sent. While it does, newer
+// values are kept here, per control, each
+// replacing the one before; before each poll, once the lane's frame has gone out, the
+// control kept the longest goes next with its newest value. Values reach the camera in the
+// order they were given, eight faders that stop land within about one round of eight polls
+// (the newest values, never a queue of old ones), and faders never fill the queue.
 //
 // The same record keeps pushes from fighting the operator: while a control's frame waits or
 // a newer value is kept, the only value of it worth showing a surface is the newest one
 // given; a camera's echo of an older value is stored by the station as usual, but not
-// pushed. Once nothing waits, what the camera settled on is pushed.
+// pushed. Echoes can come after the control's last frame has gone out (the camera answers
+// the frame before it late, or several faders share the line): a value given earlier in the
+// move is not pushed either until the control has been quiet for kSettlePolls polls. Once
+// it has, what the camera settled on is pushed.
 //
 // Mode and button commands do not come here: they are never merged.
 
 #include <functional>
 #include <map>
+#include <set>
 #include <optional>
 #include <string>
 
@@ -31,17 +37,20 @@ public:
     // Whether this frame still waits in the send queue to be sent.
     using Waiting = std::function<bool(Ticket frame)>;
 
+    static constexpr int kSettlePolls = 4;
+
     explicit FaderPacer(Waiting waiting) : waiting_(std::move(waiting)) {}
 
-    // The newest value of `control`: carried out at once when none of its frames waits,
-    // kept otherwise (replacing a kept one).
+    // The newest value of `control`: carried out at once when it is the first of a move, or
+    // no remote frame waits and nothing is kept; kept otherwise (replacing a kept one).
     void offer(const std::string& control, long value, Send send);
     // The value kept for `control`, else the last one carried out; nothing when neither
     // (an encoder steps from here).
     std::optional<long> latest(const std::string& control) const;
-    // Carries out every kept value whose control's frame has left the queue. Called before
-    // each poll of the line and after each command.
-    void release();
+    // Once no remote frame waits, carries out the value kept the longest. Called before each
+    // poll of the line. True when a control has just settled (what a surface was not shown
+    // may be shown now).
+    bool release();
     // Carries out every kept value now, waiting frames or not: another command is about to
     // act, and must find the values given before it in place (a scene store, a camera change).
     void flush();
@@ -58,11 +67,17 @@ private:
         std::optional<long> kept;
         Send send;                   // for the kept value
         long latest = 0;
+        std::set<long> given;  // the values of this move, older echoes of which are not pushed
+        int quiet = 0;         // polls since its last frame went and nothing was kept
+        long keptSince = 0;    // its turn: kept values go in the order they were first kept
     };
     void carryOut(Control& c, long value, const Send& send);
+    // Whether a frame from remote values waits in the send queue.
+    bool laneWaiting() const;
 
     Waiting waiting_;
     std::map<std::string, Control> controls_;
+    long turns_ = 0;
 };
 
 }  // namespace station::remote

@@ -193,6 +193,11 @@ OscCommand decodeOsc(const std::uint8_t* data, std::size_t size) {
             return out;
         }
     }
+    // /camera 0 (an int, as the station pushes it) is GROUP.
+    if (words.size() == 1 && words[0] == "camera" && args.size() == 1 && args[0].type == 'i' && args[0].number == 0) {
+        out.text = "camera group";
+        return out;
+    }
     // /camera 1.0 from a button that has no number of its own: its release (0) selects nothing.
     if (words.size() == 1 && words[0] == "camera" && args.size() == 1 && args[0].kind != Arg::Text) {
         if (const auto down = pressed(args); down && !*down) {

@@ -30,4 +30,20 @@ void CommandSet::paced(const std::string& control, long value, std::function<Act
     });
 }
 
+bool CommandSet::worthPushing(const StateItem& item) const {
+    constexpr std::string_view kItem = "function item ";
+    if (item.key.rfind(kItem, 0) != 0) return faders_.worthPushing(item.key, item.value);
+    const StationReadout& r = readout();
+    const auto n = wholeNumber(std::string_view(item.key).substr(kItem.size()));
+    const int shown = r.shownFunction();
+    const std::vector<std::string> titles = r.functionTitles();
+    if (!n || shown < 0 || shown >= static_cast<int>(titles.size()) || *n < 1 || *n > r.itemCount(shown + 1)) return true;
+    const FunctionItem it = r.item(shown + 1, static_cast<int>(*n));
+    if (it.kind() != 'A') return true;
+    const auto stored = hexNumber(r.storedValue(shown + 1, it).value_or(std::string()));
+    if (!stored) return true;
+    const std::string control = "function " + lower(titles[static_cast<std::size_t>(shown)]) + "/" + lower(it.name());
+    return faders_.worthPushing(control, std::to_string(*stored));
+}
+
 }  // namespace station::remote

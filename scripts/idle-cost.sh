@@ -5,6 +5,8 @@
 # the wake-ups per second.
 #   scripts/idle-cost.sh [seconds]          on the built-in simulated camera line
 #   scripts/idle-cost.sh [seconds] --pty    on a pseudo-terminal served by camera-sim
+#   scripts/idle-cost.sh [seconds] --remote on the built-in line, remote control on and one
+#                                           TCP client connected that says nothing
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build="${BUILD:-$root/build/gcc}"
@@ -14,7 +16,11 @@ settle=5
 
 cmake --build "$build" --target corvane-station camera-sim >/dev/null
 pids=()
-cleanup() { for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done; }
+config=""
+cleanup() {
+  for p in "${pids[@]}"; do kill "$p" 2>/dev/null || true; done
+  [ -z "$config" ] || rm -rf "$config"
+}
 trap cleanup EXIT
 
 args=()
@@ -27,11 +33,22 @@ if [ "$mode" = "--pty" ]; then
   args=(--port "$link")
 fi
 
-QT_QPA_PLATFORM=offscreen "$build/ui/corvane-station" "${args[@]}" 2>/dev/null &
+if [ "$mode" = "--remote" ]; then
+  port=$(( 20000 + RANDOM % 20000 ))
+  args=(--remote --remote-port "$port" --osc-port "$((port + 1))")
+fi
+
+# Settings of this run only, so that the user's remembered session plays no part.
+config=$(mktemp -d /tmp/corvane-idle-config.XXXXXX)
+XDG_CONFIG_HOME="$config" QT_QPA_PLATFORM=offscreen "$build/ui/corvane-station" "${args[@]}" 2>/dev/null &
 station=$!
 pids+=("$station")
 sleep "$settle"
 [ -d "/proc/$station" ] || { echo "idle-cost: the station did not start" >&2; exit 1; }
+if [ "$mode" = "--remote" ]; then
+  exec 3<>"/dev/tcp/127.0.0.1/$port" || { echo "idle-cost: no remote control on port $port" >&2; exit 1; }
+  sleep 1
+fi
 
 # CPU ticks (user + system) of the process, and context switches of each thread ("tid n").
 # A worker thread that ends in the window (Qt lets idle pool threads go after 30 s) takes

@@ -28,6 +28,7 @@
 #include "ui/start/remembered_session.hpp"
 #include "ui/remote/remote_control.hpp"
 #include "ui/remote/remote_menu.hpp"
+#include "ui/main/checksum_menu.hpp"
 #include "ui/remote/remembered_remote.hpp"
 #include "ui/start/remembered_port.hpp"
 #include "ui/main/station_view.hpp"
@@ -165,16 +166,15 @@ int main(int argc, char** argv) {
     if (station.ended()) return 0;
 
     // Without remote-control options (and unless told to start clean) the station comes up
-    // as the operator last left it.
-    if (!options.remote.enabled && !options.noRestore) remoteSettings = rememberedRemote(settings, remoteSettings);
+    // as the operator last left it; options hold for this run only and are never kept.
+    remoteSettings = startRemote(options, settings, remoteError);
     // The browser panel likewise: --web holds for this run, the menu's choice is remembered.
     if (!options.remote.web && !options.noRestore) web = rememberedWeb(settings, web);
     RemoteControl remote(station, dialogs, remoteSettings, [&view] { view.refresh(); },
                          {[&modal] { return modal.text(); }, [&modal] { return modal.closeTop(); }, &messages});
+    view.onRedrawn = [&remote] { remote.changed(); };
     if (remoteSettings.enabled && !remote.setEnabled(true))
         std::cerr << "corvane-station: remote control could not start: " << remote.error().toStdString() << "\n";
-    // On by the command line is on, too: the next start without options comes back to it.
-    else if (options.remote.enabled) rememberRemote(settings, remote.settings(), true);
     remote.setWebSettings(web);
     if (web.enabled && !remote.setWebEnabled(true))
         std::cerr << "corvane-station: the browser panel could not start: " << remote.webError().toStdString() << "\n";
@@ -182,8 +182,15 @@ int main(int argc, char** argv) {
         std::cerr << "corvane-station: " << remote.webStatus().toStdString() << "\n";
     remoteBeforePoll = [&remote] { remote.beforePoll(); };
     installRemoteMenu(
-        view.mainWindow(), remote, [&settings, &remote](bool on) { rememberRemote(settings, remote.settings(), on); },
+        view.mainWindow(), remote, [&settings](bool on) { rememberRemoteOn(settings, on); },
+        [&settings](const RemoteSettings& kept) { rememberRemote(settings, kept, kept.enabled); },
         [&settings, &remote](bool on) { rememberWeb(settings, remote.webSettings(), on); });
+    installChecksumMenu(view.mainWindow(), station.link, settings, options.exactChecksum);
+    // The view goes before the remote control: it no longer tells it of redraws.
+    struct Untell {
+        std::function<void()>& tell;
+        ~Untell() { tell = nullptr; }
+    } const untell{view.onRedrawn};
     const int status = app.exec();
     port.close();  // released now, its lock file with it, whatever ended the program
     return status;

@@ -110,9 +110,14 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     const int tcp = freePort(SOCK_STREAM);
     const std::vector<std::string> common = {STATION_PATH, "--port", device.string(), "--definitions",
                                              STATION_SAMPLES_DIR};
+    // Remote control open to the network for this run, with a passcode from a file.
+    std::ofstream(folder / "passcode") << "kestrel-42-amber\n";
+    const std::vector<std::string> remoteOptions = {"--remote-port", std::to_string(tcp), "--osc-port",
+                                                    std::to_string(freePort(SOCK_DGRAM)), "--remote-folder",
+                                                    folder.path().string()};
     std::vector<std::string> first = common;
-    first.insert(first.end(), {"--remote", "--remote-port", std::to_string(tcp), "--osc-port",
-                               std::to_string(freePort(SOCK_DGRAM)), "--remote-folder", folder.path().string()});
+    first.insert(first.end(), remoteOptions.begin(), remoteOptions.end());
+    first.insert(first.end(), {"--remote-address", "0.0.0.0", "--remote-passcode-file", (folder / "passcode").string()});
 
     const Clock::time_point started = Clock::now();
     auto station = std::make_unique<ChildProcess>(first);
@@ -149,11 +154,19 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
         EXPECT_FALSE(fs::exists(lockFileOf(device)));
     }
 
+    // The options held for that run only: a plain start listens nowhere.
+    station = std::make_unique<ChildProcess>(common);
+    EXPECT_FALSE(Line(tcp, 3s).connected());
+    EXPECT_EQ(station->stop(10s), 0);
+
     // A lock left by a station that was killed outright does not keep the next one out, and
-    // the session comes back: the setup file, and remote control on the same address.
+    // the session comes back: the setup file.
     std::ofstream(lockFileOf(device)) << deadProcess() << "\ncorvane-station\n\n";
     PtyCamera camera(device);
-    station = std::make_unique<ChildProcess>(common);
+    std::vector<std::string> again_ = common;
+    again_.push_back("--remote");
+    again_.insert(again_.end(), remoteOptions.begin(), remoteOptions.end());
+    station = std::make_unique<ChildProcess>(again_);
     Line again(tcp, 10s);
     ASSERT_TRUE(again.connected());
     EXPECT_EQ(again.ask("get file"), "OK file " + (folder / "studio.csd").string());

@@ -166,14 +166,38 @@ TEST(Remote, RefusesWithReason) {
     EXPECT_EQ(rig.commands.execute(""), "");
 }
 
-TEST(Remote, FullQueueRefusesSends) {
+// Remote commands leave the window room for its largest gesture: on a queue remote commands
+// have filled, "PC to Camera" of the largest page on any camera still fits, with no
+// run-time error for the operator.
+TEST(Remote, FullQueueRefusesSendsAndLeavesTheWindowItsPage) {
     RemoteRig rig;
     rig.port.close();
-    for (int i = 0; i < 201; ++i) rig.station.link.SendCmd("200801FE");
-    EXPECT_EQ(rig.commands.execute("level iris 3"), "ERR queue full: 201 frames waiting, try again");
-    EXPECT_EQ(rig.commands.execute("get queue"), "OK queue 201");
+    const int largest = rig.commands.readout().largestPageSend();
+    const int limit = std::min(200, SendQueue::kCapacity - largest);
+    EXPECT_GE(largest, 15 + 8);  // the main page and a function page at least
+    for (int i = 0; i <= limit; ++i) rig.station.link.SendCmd("200801FE");
+    EXPECT_EQ(rig.commands.execute("level iris 3"),
+              "ERR queue full: " + std::to_string(limit + 1) + " frames waiting, try again");
+    EXPECT_EQ(rig.commands.execute("get queue"), "OK queue " + std::to_string(limit + 1));
     rig.station.link.queue().SendBuffShift();
     EXPECT_EQ(rig.commands.execute("level iris 3"), "OK");
+
+    // Without a limit of its own, only the window's room holds remote commands back.
+    remote::CommandSet wide(rig.station, rig.dialogs, {std::nullopt, SendQueue::kCapacity});
+    for (int camera = 1; camera <= 8; ++camera) {
+        SCOPED_TRACE(camera);
+        (void)rig.commands.actions().dropQueued();
+        EXPECT_EQ(wide.execute("camera " + std::to_string(camera)), "OK");
+        for (int i = 0; i < 300 && wide.execute(i % 2 ? "mode bar 1" : "mode bar 0") == "OK";) ++i;
+        const int before = rig.station.link.queue().SendCnt();
+        if (before == 0) continue;  // a camera without an ID is sent nothing in ID mode
+        EXPECT_EQ(before, SendQueue::kCapacity - largest + 1);
+        (void)rig.commands.actions().sendPage();  // a camera without a type has no page
+        EXPECT_LE(rig.station.link.queue().SendCnt() - before, largest);
+        // (A camera without an ID is told "No Camera ID" by the station's own rule.)
+        for (const auto& told : rig.messages.shown) EXPECT_EQ(told.text.find("Run-time error"), std::string::npos) << told.text;
+        EXPECT_LE(rig.station.link.queue().SendCnt(), SendQueue::kCapacity);
+    }
 }
 
 TEST(Remote, PushesPanelAndAutoResult) {
@@ -258,7 +282,7 @@ TEST(Remote, RepliesSplitIntoWords) {
     }
     ASSERT_EQ(lines.size(), rig.commands.usage().size() + 2) << help;  // OK, the commands, the blank line's start
     EXPECT_EQ(lines.front(), "OK");
-    EXPECT_EQ(lines[1], "auto white|black");
+    EXPECT_EQ(lines[1], "auth PASSCODE (from beyond this computer, before any other command)");
     EXPECT_EQ(lines.back(), "");  // the transport's line end makes the blank line
     EXPECT_TRUE(std::none_of(lines.begin() + 1, lines.end() - 1, [](const std::string& l) { return l.empty(); }));
 }

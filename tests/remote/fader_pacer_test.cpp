@@ -63,7 +63,7 @@ TEST(FaderPacer, ControlsArePacedApartAndFlushPutsKeptValuesInPlace) {
     Queue q;
     FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
     pacer.offer("level mblk", 5, q.sender());
-    pacer.offer("level iris", 7, q.sender());  // another control is not held up by the first
+    pacer.offer("level iris", 7, q.sender());  // another control's first value is not held up
     pacer.offer("level mblk", 6, q.sender());
     EXPECT_EQ(q.frames.size(), 2u);
     EXPECT_TRUE(pacer.busy("level mblk"));
@@ -81,8 +81,8 @@ TEST(FaderPacer, ControlsArePacedApartAndFlushPutsKeptValuesInPlace) {
 }
 
 // The camera echoes each value it is sent, a poll or so later. While a newer value waits or
-// is kept, an echo of an older one is not worth showing; once nothing waits, the camera's
-// settled value is, whatever it is.
+// is kept, an echo of an older one is not worth showing, nor for a few polls after; once the
+// control is quiet, the camera's settled value is, whatever it is.
 TEST(FaderPacer, EchoesOfOlderValuesAreNotPushed) {
     Queue q;
     FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
@@ -101,12 +101,38 @@ TEST(FaderPacer, EchoesOfOlderValuesAreNotPushed) {
     q.poll();
     pacer.release();
     EXPECT_FALSE(worth(-5));
-    q.poll();  // nothing waits now: what the camera says is what it holds
-    EXPECT_TRUE(worth(-5));
+    q.poll();  // nothing waits now, but a late echo of the move is still not shown
+    EXPECT_FALSE(worth(-5));
     EXPECT_TRUE(worth(0));
+    bool settled = false;
+    for (int i = 0; i < FaderPacer::kSettlePolls; ++i) settled = pacer.release() || settled;
+    EXPECT_TRUE(settled);
+    EXPECT_TRUE(worth(-5));  // once the control is quiet, what the camera says is what it holds
     EXPECT_EQ(q.sent, (std::vector<int>{-10, -5, 0}));
     EXPECT_TRUE(pacer.worthPushing("level mblk", "on"));  // not a number: not the fader's
     EXPECT_TRUE(pacer.worthPushing("filter", "5600K"));
+}
+
+// Eight faders moving at once: after each one's first value (which goes at once, as a click
+// would), the queue never holds more than one of their frames, and when they stop each goes
+// out next with its newest value, in the order they were kept.
+TEST(FaderPacer, FadersTakeTurnsWithTheirNewestValues) {
+    Queue q;
+    FaderPacer pacer([&q](FaderPacer::Ticket t) { return q.waiting(t); });
+    for (int f = 0; f < 8; ++f) pacer.offer("fader " + std::to_string(f), f * 100, q.sender());
+    EXPECT_EQ(q.frames.size(), 8u);
+    for (int i = 0; i < 8; ++i) q.poll();
+    q.sent.clear();
+    for (int v = 1; v < 10; ++v)
+        for (int f = 0; f < 8; ++f) pacer.offer("fader " + std::to_string(f), f * 100 + v, q.sender());
+    EXPECT_EQ(q.frames.size(), 1u);
+    for (int i = 0; i < 8; ++i) {
+        q.poll();
+        pacer.release();
+        EXPECT_LE(q.frames.size(), 1u);
+    }
+    q.poll();
+    EXPECT_EQ(q.sent, (std::vector<int>{1, 109, 209, 309, 409, 509, 609, 709, 9}));
 }
 
 }  // namespace

@@ -227,7 +227,7 @@ class LoopbackOnlyTest(unittest.TestCase):
             end = time.monotonic() + LIMIT
             while "browser panel" not in station.output() and time.monotonic() < end:
                 time.sleep(0.05)
-            self.assertIn("loopback address only", station.output())
+            self.assertIn("takes a passcode", station.output())
             with self.assertRaises(OSError):
                 urllib.request.urlopen(station.url, timeout=1)
         finally:

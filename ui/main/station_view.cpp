@@ -52,6 +52,7 @@ void StationView::refresh() {
     console_->render();
     lineLog_->render();
     timers_.sync();
+    if (onRedrawn) onRedrawn();
     shown_ = tickState();
 }
 

@@ -42,6 +42,8 @@ public:
     void refresh();
 
     std::function<void()> onEnded;
+    // Runs after every redraw: what the windows show may have changed (remote surfaces follow).
+    std::function<void()> onRedrawn;
 
     MainWindow& mainWindow() { return *main_; }
     CameraSetWindow& cameraSetWindow() { return *cameraSet_; }

@@ -11,6 +11,7 @@ const QString kOscPort = QStringLiteral("remote/oscPort");
 const QString kWebOn = QStringLiteral("web/on");
 const QString kWebAddress = QStringLiteral("web/address");
 const QString kWebPort = QStringLiteral("web/port");
+const QString kPasscode = QStringLiteral("remote/passcode");
 
 void readPort(const QSettings& store, const QString& key, quint16& port) {
     bool ok = false;
@@ -26,6 +27,10 @@ RemoteSettings rememberedRemote(const QSettings& store, RemoteSettings settings)
         settings.address = address;
     readPort(store, kTcpPort, settings.tcpPort);
     readPort(store, kOscPort, settings.oscPort);
+    // A passcode given for this run (a file) wins; one that is kept damaged is none.
+    if (const std::string kept = store.value(kPasscode).toString().toStdString();
+        settings.passcode.empty() && remote::AccessGate::passcodeProblem(kept).empty())
+        settings.passcode = kept;
     return settings;
 }
 
@@ -34,6 +39,15 @@ void rememberRemote(QSettings& store, const RemoteSettings& settings, bool on) {
     store.setValue(kAddress, settings.address.toString());
     store.setValue(kTcpPort, settings.tcpPort);
     store.setValue(kOscPort, settings.oscPort);
+    store.setValue(kPasscode, QString::fromStdString(settings.passcode));
+}
+
+void rememberRemoteOn(QSettings& store, bool on) { store.setValue(kOn, on); }
+
+RemoteSettings startRemote(const ProgramOptions& options, const QSettings& store, std::string& error) {
+    RemoteSettings settings = remoteSettings(options.remote, error);
+    if (!options.remote.enabled && !options.noRestore) settings = rememberedRemote(store, settings);
+    return settings;
 }
 
 WebSettings rememberedWeb(const QSettings& store, WebSettings settings) {

@@ -1,7 +1,8 @@
 #pragma once
-// Remote control as the operator last left it ("&Setup" > "Remote control"): on or off, the
-// address and both ports, kept in the program's settings under "remote/". A start without
-// remote-control options takes them; options given on the command line win for that run.
+// Remote control as the operator last left it ("&Setup" > "Remote control" and its settings
+// window): on or off, the address, both ports and the passcode, kept in the program's
+// settings under "remote/". A start without remote-control options takes them; options
+// given on the command line hold for that run only and are never kept.
 
 #include <QSettings>
 
@@ -17,5 +18,11 @@ void rememberRemote(QSettings& store, const RemoteSettings& settings, bool on);
 // its run only and is not remembered.
 WebSettings rememberedWeb(const QSettings& store, WebSettings settings);
 void rememberWeb(QSettings& store, const WebSettings& settings, bool on);
+// Only whether it is on (the menu's tick), the rest as kept.
+void rememberRemoteOn(QSettings& store, bool on);
+
+// What a start comes up with: the command line's remote options when any was given (for
+// this run only), else what was kept (unless --no-restore). Nothing is written.
+RemoteSettings startRemote(const ProgramOptions& options, const QSettings& store, std::string& error);
 
 }  // namespace station::ui

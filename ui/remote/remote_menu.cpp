@@ -9,6 +9,7 @@
 #include <QStatusBar>
 
 #include "ui/remote/remote_control.hpp"
+#include "ui/remote/remote_window.hpp"
 
 namespace station::ui {
 
@@ -46,7 +47,7 @@ void installWebEntry(QMainWindow& window, QMenu& menu, RemoteControl& remote, st
 }  // namespace
 
 void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function<void(bool on)> switched,
-                       std::function<void(bool on)> webSwitched) {
+                       std::function<void(const RemoteSettings&)> kept, std::function<void(bool on)> webSwitched) {
     QMenu* menu = setupMenu(*window.menuBar());
     menu->addSeparator();
     auto* entry = menu->addAction(QStringLiteral("Remote control"));
@@ -64,6 +65,18 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function
     QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
         if (switched) switched(on);
         if (!remote.setEnabled(on))
+            QMessageBox::warning(&window, QStringLiteral("Remote control"),
+                                 QStringLiteral("Remote control could not start: ") + remote.error());
+        show();
+    });
+    auto* settings = menu->addAction(QStringLiteral("Remote control settings..."));
+    settings->setObjectName(QStringLiteral("remoteSettings"));
+    QObject::connect(settings, &QAction::triggered, &window, [&window, &remote, show, kept] {
+        RemoteWindow dialog(remote.settings(), &window);
+        if (dialog.exec() != QDialog::Accepted) return;
+        const RemoteSettings chosen = dialog.settings();
+        if (kept) kept(chosen);
+        if (!remote.apply(chosen))
             QMessageBox::warning(&window, QStringLiteral("Remote control"),
                                  QStringLiteral("Remote control could not start: ") + remote.error());
         show();

@@ -14,6 +14,7 @@ constexpr auto kLastLineTime = std::chrono::seconds(5);  // for a closed client 
 
 struct RemoteTcpServer::Client {
     QTcpSocket* socket;
+    std::unique_ptr<remote::RemoteSession> session;
     Clock::time_point heard;  // the last time it sent something, or read replies it was held for
     QByteArray input;
     bool discarding = false;  // the rest of an overlong line is being dropped
@@ -21,9 +22,8 @@ struct RemoteTcpServer::Client {
     bool held = false;        // too many replies unread: its socket is left unread
 };
 
-RemoteTcpServer::RemoteTcpServer(std::function<std::string(std::string_view)> handle, std::function<void()> afterLine,
-                                 TcpLimits limits)
-    : handle_(std::move(handle)), afterLine_(std::move(afterLine)), limits_(limits) {
+RemoteTcpServer::RemoteTcpServer(Opener open, std::function<void()> afterLine, TcpLimits limits)
+    : open_(std::move(open)), afterLine_(std::move(afterLine)), limits_(limits) {
     server_.setMaxPendingConnections(limits_.maxClients);
     QObject::connect(&server_, &QTcpServer::newConnection, &context_, [this] { accept(); });
     // A quarter of the limit, so that an idle client goes at most a quarter late.
@@ -55,18 +55,30 @@ RemoteTcpServer::Client* RemoteTcpServer::find(const QTcpSocket* socket) {
 void RemoteTcpServer::accept() {
     while (QTcpSocket* socket = server_.nextPendingConnection()) {
         if (clientCount() >= limits_.maxClients && !clients_.empty()) {
-            // The newcomer takes the place of the client that has been idle the longest.
+            // Only a client idle for a while gives its place up; one that works keeps it.
             const auto oldest = std::min_element(clients_.begin(), clients_.end(),
                                                  [](const auto& a, const auto& b) { return a->heard < b->heard; });
+            if (Clock::now() - (*oldest)->heard < limits_.evictable) {
+                ++turnedAway_;
+                refuse(socket, "ERR busy: " + QByteArray::number(limits_.maxClients) + " clients connected\n");
+                continue;
+            }
             closeIdle(**oldest);
         }
         socket->setReadBufferSize(kInputWindow);
-        clients_.push_back(std::make_unique<Client>(Client{socket, Clock::now(), {}}));
+        clients_.push_back(std::make_unique<Client>(Client{socket, open_(socket->peerAddress()), Clock::now(), {}}));
         Client* client = clients_.back().get();
         QObject::connect(socket, &QTcpSocket::readyRead, &context_, [this, client] { take(*client); });
         QObject::connect(socket, &QTcpSocket::bytesWritten, &context_, [this, client] { written(*client); });
         QObject::connect(socket, &QTcpSocket::disconnected, &context_, [this, socket] { drop(socket); });
     }
+}
+
+void RemoteTcpServer::refuse(QTcpSocket* socket, const QByteArray& line) {
+    socket->write(line);
+    QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    QTimer::singleShot(kLastLineTime, socket, [socket] { socket->abort(); socket->deleteLater(); });
+    socket->disconnectFromHost();
 }
 
 void RemoteTcpServer::drop(QTcpSocket* socket) {
@@ -110,7 +122,8 @@ void RemoteTcpServer::send(Client& client, const std::string& line) {
 }
 
 void RemoteTcpServer::broadcast(const std::string& line) {
-    for (auto& client : clients_) send(*client, line);
+    for (auto& client : clients_)
+        if (client->session->authenticated()) send(*client, line);
 }
 
 void RemoteTcpServer::written(Client& client) {
@@ -162,7 +175,8 @@ void RemoteTcpServer::take(Client& client) {
             continue;
         }
         ++lines;
-        const std::string reply = handle_(std::string_view(line.constData(), static_cast<std::size_t>(line.size())));
+        const std::string reply = client.session->execute(
+            std::string_view(line.constData(), static_cast<std::size_t>(line.size())), Clock::now());
         // The handler may have run a message box, in which the client may have gone.
         if (find(socket) != &client) return;
         if (!reply.empty()) send(client, reply);

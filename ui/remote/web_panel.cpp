@@ -9,6 +9,7 @@
 #include <QWebSocket>
 
 #include <algorithm>
+#include <chrono>
 
 // The page's files are compiled into this library; a program linking it statically loads them here.
 static void loadPageFiles() { Q_INIT_RESOURCE(web); }
@@ -52,11 +53,12 @@ bool fromOwnPage(const QString& origin, const QString& host, quint16 port) {
 
 struct WebPanelServer::Page {
     std::unique_ptr<QWebSocket> socket;
+    std::unique_ptr<remote::RemoteSession> session;
 };
 
-WebPanelServer::WebPanelServer(std::function<std::string(std::string_view)> handle, std::function<void()> afterLine,
+WebPanelServer::WebPanelServer(Opener open, std::function<void()> afterLine,
                                std::function<std::vector<std::string>()> greeting)
-    : handle_(std::move(handle)), afterLine_(std::move(afterLine)), greeting_(std::move(greeting)) {
+    : open_(std::move(open)), afterLine_(std::move(afterLine)), greeting_(std::move(greeting)) {
     loadPageFiles();
 }
 
@@ -64,12 +66,6 @@ WebPanelServer::~WebPanelServer() { close(); }
 
 bool WebPanelServer::listen(const QHostAddress& address, quint16 port) {
     close();
-    if (!address.isLoopback()) {
-        error_ = QStringLiteral("the browser panel is served on the loopback address only (127.0.0.1), not on %1: "
-                                "the network would need the remote control's passcode")
-                     .arg(address.toString());
-        return false;
-    }
     auto tcp = std::make_unique<LowDelayServer>();
     if (!tcp->listen(address, port)) {
         error_ = tcp->errorString();
@@ -113,14 +109,19 @@ void WebPanelServer::accept() {
             continue;
         }
         socket->setMaxAllowedIncomingMessageSize(kMaxMessage);
-        pages_.push_back(std::make_unique<Page>(Page{std::move(socket)}));
+        std::unique_ptr<remote::RemoteSession> session = open_(socket->peerAddress());
+        pages_.push_back(std::make_unique<Page>(Page{std::move(socket), std::move(session)}));
         Page* page = pages_.back().get();
         QWebSocket* s = page->socket.get();
         QObject::connect(s, &QWebSocket::textMessageReceived, &context_, [this, page](const QString& m) { take(*page, m); });
         QObject::connect(s, &QWebSocket::disconnected, &context_, [this, s] { drop(s); });
-        if (greeting_)
-            for (const std::string& line : greeting_()) s->sendTextMessage(QString::fromStdString(line));
+        if (page->session->authenticated()) greet(*s);
     }
+}
+
+void WebPanelServer::greet(QWebSocket& socket) {
+    if (!greeting_) return;
+    for (const std::string& line : greeting_()) socket.sendTextMessage(QString::fromStdString(line));
 }
 
 void WebPanelServer::drop(const QWebSocket* socket) {
@@ -136,17 +137,22 @@ void WebPanelServer::drop(const QWebSocket* socket) {
 void WebPanelServer::take(Page& page, const QString& message) {
     QWebSocket* socket = page.socket.get();
     const QByteArray line = message.toUtf8();
-    const std::string reply = handle_(std::string_view(line.constData(), static_cast<std::size_t>(line.size())));
+    const bool wasIn = page.session->authenticated();
+    const std::string reply = page.session->execute(
+        std::string_view(line.constData(), static_cast<std::size_t>(line.size())), std::chrono::steady_clock::now());
     // The handler may have run a message box, in which the page may have gone.
     const bool there = std::any_of(pages_.begin(), pages_.end(), [socket](const auto& p) { return p->socket.get() == socket; });
     if (!there) return;
     if (!reply.empty()) socket->sendTextMessage(QString::fromStdString(reply));
+    // A page from beyond this computer is told the panel's layout once it gave the passcode.
+    if (!wasIn && page.session->authenticated()) greet(*socket);
     if (afterLine_) afterLine_();
 }
 
 void WebPanelServer::broadcast(const std::string& line) {
     const QString text = QString::fromStdString(line);
-    for (const auto& page : pages_) page->socket->sendTextMessage(text);
+    for (const auto& page : pages_)
+        if (page->session->authenticated()) page->socket->sendTextMessage(text);
 }
 
 }  // namespace station::ui

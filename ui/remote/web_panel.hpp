@@ -7,9 +7,11 @@
 // panel is laid out now ("EV panel ...", remote/panel_layout.hpp) and how many remote clients
 // are connected ("EV clients N").
 //
-// It serves the loopback address only: the network gets the panel once it asks for the
-// remote control's passcode. A WebSocket opened by a page that came from elsewhere (another
-// web site in the operator's browser) is closed before it can send anything.
+// Each page is a remote session (remote/remote_session.hpp): a page from beyond this computer
+// gives the remote control's passcode before anything else, and hears nothing until it has
+// (whether the network may be served at all is the remote control's to decide). A WebSocket
+// opened by a page that came from elsewhere (another web site in the operator's browser) is
+// closed before it can send anything.
 
 #include <QHostAddress>
 #include <QObject>
@@ -20,6 +22,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "remote/remote_session.hpp"
 
 class QHttpServer;
 class QTcpServer;
@@ -33,15 +37,16 @@ public:
     // A command line no longer than this (the command set refuses longer lines with its reason).
     static constexpr qint64 kMaxMessage = 64 * 1024;
 
-    // `handle` answers a command line (an empty answer sends nothing); `afterLine` runs after
-    // each; `greeting` gives the lines a page is sent when it connects.
-    WebPanelServer(std::function<std::string(std::string_view)> handle, std::function<void()> afterLine,
-                   std::function<std::vector<std::string>()> greeting);
+    // A session for a new page from `peer`.
+    using Opener = std::function<std::unique_ptr<remote::RemoteSession>(const QHostAddress& peer)>;
+    // A page's session answers each command line (an empty answer sends nothing); `afterLine`
+    // runs after each; `greeting` gives the lines a page is sent once it may hear them.
+    WebPanelServer(Opener open, std::function<void()> afterLine, std::function<std::vector<std::string>()> greeting);
     ~WebPanelServer();
     WebPanelServer(const WebPanelServer&) = delete;
     WebPanelServer& operator=(const WebPanelServer&) = delete;
 
-    // False, with errorString(), when the port cannot be had or the address is beyond loopback.
+    // False, with errorString(), when the port cannot be had.
     bool listen(const QHostAddress& address, quint16 port);
     void close();
     bool isListening() const { return listening_; }
@@ -49,16 +54,17 @@ public:
     QString errorString() const { return error_; }
     int pageCount() const { return static_cast<int>(pages_.size()); }
 
-    // Sends a line to every page.
+    // Sends a line to every page that may hear it (on loopback, or it gave the passcode).
     void broadcast(const std::string& line);
 
 private:
     struct Page;
     void accept();
     void take(Page& page, const QString& message);
+    void greet(QWebSocket& socket);
     void drop(const QWebSocket* socket);
 
-    std::function<std::string(std::string_view)> handle_;
+    Opener open_;
     std::function<void()> afterLine_;
     std::function<std::vector<std::string>()> greeting_;
     std::unique_ptr<QHttpServer> http_;  // made anew for each listen: a server cannot stop listening

@@ -18,7 +18,7 @@ namespace station::ui {
 namespace {
 
 struct RemoteNames {
-    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle, &web;
+    const QCommandLineOption &remote, &address, &tcpPort, &oscPort, &folder, &idle, &passcodeFile, &web;
 };
 
 // "[ADDRESS:]PORT"; an IPv6 address in brackets ("[::1]:8080").
@@ -69,6 +69,10 @@ void readRemoteOptions(const QCommandLineParser& parser, const RemoteNames& name
         r.web = webOption(text);
         if (!r.web) fail("--web: not [ADDRESS:]PORT: " + text);
     }
+    if (parser.isSet(names.passcodeFile)) {
+        r.passcodeFile = std::filesystem::path(parser.value(names.passcodeFile).toLocal8Bit().toStdString());
+        if (r.passcodeFile->empty()) fail(options::needsValue("--remote-passcode-file", "a file"));
+    }
     if (parser.isSet(names.folder)) {
         r.folder = std::filesystem::path(parser.value(names.folder).toLocal8Bit().toStdString());
         if (r.folder->empty()) fail(options::needsValue("--remote-folder", "a folder"));
@@ -95,10 +99,12 @@ Parsed parse(const std::vector<std::string>& args) {
     const QCommandLineOption oscPort(QStringLiteral("osc-port"), QString(), QStringLiteral("N"));
     const QCommandLineOption remoteFolder(QStringLiteral("remote-folder"), QString(), QStringLiteral("DIR"));
     const QCommandLineOption remoteIdle(QStringLiteral("remote-idle"), QString(), QStringLiteral("SECONDS"));
+    const QCommandLineOption passcodeFile(QStringLiteral("remote-passcode-file"), QString(), QStringLiteral("FILE"));
     const QCommandLineOption web(QStringLiteral("web"), QString(), QStringLiteral("[ADDRESS:]PORT"));
+    const QCommandLineOption exactChecksum(QStringLiteral("exact-checksum"));
     const QCommandLineOption noRestore(QStringLiteral("no-restore"));
     parser.addOptions({help, version, port, definitions, simulate, logFile, remote, remoteAddress, remotePort, oscPort,
-                       remoteFolder, remoteIdle, web, noRestore});
+                       remoteFolder, remoteIdle, passcodeFile, web, exactChecksum, noRestore});
 
     QStringList argv{QStringLiteral("corvane-station")};
     for (const std::string& arg : args) argv << QString::fromLocal8Bit(arg.data(), static_cast<qsizetype>(arg.size()));
@@ -122,6 +128,7 @@ Parsed parse(const std::vector<std::string>& args) {
     }
     o.simulate = parser.isSet(simulate);
     o.noRestore = parser.isSet(noRestore);
+    o.exactChecksum = parser.isSet(exactChecksum);
     if (parser.isSet(logFile)) {
         const std::string file = parser.value(logFile).toLocal8Bit().toStdString();
         o.logFile = std::filesystem::path(file);
@@ -132,7 +139,7 @@ Parsed parse(const std::vector<std::string>& args) {
         o.definitions = std::filesystem::path(folder);
         if (folder.empty()) o.error = options::needsValue("--definitions", "a folder");
     }
-    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle, web}, o);
+    readRemoteOptions(parser, {remote, remoteAddress, remotePort, oscPort, remoteFolder, remoteIdle, passcodeFile, web}, o);
     return out;
 }
 
@@ -165,7 +172,8 @@ std::string programHelp() {
     return "Usage: corvane-station [--port DEVICE | --simulate] [--definitions FOLDER] [--log-file FILE]\n"
            "                       [--no-restore] [--remote] [--remote-address ADDR] [--remote-port N]\n"
            "                       [--osc-port N] [--remote-folder DIR] [--remote-idle SECONDS]\n"
-           "                       [--web [ADDRESS:]PORT] [--version]\n"
+           "                       [--remote-passcode-file FILE] [--web [ADDRESS:]PORT]\n"
+           "                       [--exact-checksum] [--version]\n"
            "\n"
            "The camera control station: one operator sets up and controls up to eight\n"
            "studio cameras on one RS-232 line.\n"
@@ -186,19 +194,24 @@ std::string programHelp() {
            "  --no-restore         start clean: without reopening the setup file last\n"
            "                       opened or saved, and without turning remote control\n"
            "                       back on as it was at the last run\n"
+           "  --exact-checksum     for this run, accept every camera reply whose checksum\n"
+           "                       matches (Setup > Read every checksum exactly)\n"
            "\n"
            "Control from outside (off unless one of these is given, or Setup > Remote control):\n"
            "  --remote             serve remote commands on 127.0.0.1: TCP lines on port 5250,\n"
-           "                       OSC on UDP port 5251; without these options, as Setup >\n"
-           "                       Remote control was left last time. The commands:\n"
+           "                       OSC on UDP port 5251, for this run only; without these\n"
+           "                       options, as Setup > Remote control was left. The commands:\n"
            "                       " STATION_DOC_DIR "/remote-control.md\n"
            "  --remote-address ADDR  listen on this address instead (e.g. 0.0.0.0: the network)\n"
            "  --remote-port N      the TCP port     --osc-port N   the OSC port\n"
            "  --remote-folder DIR  let remote clients open and save setup files in DIR only\n"
            "  --remote-idle SECONDS  close a TCP client that sends nothing this long (600)\n"
+           "  --remote-passcode-file FILE  the passcode peers beyond this computer give, from\n"
+           "                       FILE's first line (needed to listen beyond 127.0.0.1)\n"
            "  --web [ADDRESS:]PORT serve the browser panel, for this run: open\n"
-           "                       http://127.0.0.1:PORT/ in a browser (loopback only; without\n"
-           "                       the option, as \"&Setup\" > \"Browser panel\" was left)\n"
+           "                       http://127.0.0.1:PORT/ in a browser (beyond loopback only\n"
+           "                       with the passcode; without the option, as Setup > Browser\n"
+           "                       panel was left)\n"
            "\n"
            "  --version            show the program's version\n"
            "  --help               show this text\n";

@@ -21,6 +21,7 @@ struct RemoteOptions {
     std::optional<int> oscPort;                      // --osc-port N
     std::optional<std::filesystem::path> folder;     // --remote-folder DIR
     std::optional<int> idleSeconds;                  // --remote-idle SECONDS
+    std::optional<std::filesystem::path> passcodeFile;  // --remote-passcode-file FILE
     // --web [ADDRESS:]PORT: the browser panel, for this run.
     struct Web {
         std::optional<std::string> address;
@@ -36,6 +37,7 @@ struct ProgramOptions {
     std::optional<std::filesystem::path> logFile;      // --log-file FILE
     bool noRestore = false;                            // --no-restore: not the last file, nor remote control
     RemoteOptions remote;
+    bool exactChecksum = false;                        // --exact-checksum, for this run
     bool help = false;
     bool version = false;
     std::string error;  // not empty: the command line could not be read

@@ -1,0 +1,47 @@
+#include "ui/main/checksum_menu.hpp"
+
+#include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSettings>
+#include <QStatusBar>
+
+#include "link/link.hpp"
+
+namespace station::ui {
+
+namespace {
+
+const QString kKey = QStringLiteral("line/exactChecksum");
+
+QMenu* setupMenu(QMenuBar& bar) {
+    for (QAction* action : bar.actions())
+        if (action->menu() && action->text().remove(QLatin1Char('&')) == QStringLiteral("Setup")) return action->menu();
+    return bar.addMenu(QStringLiteral("&Setup"));
+}
+
+}  // namespace
+
+void installChecksumMenu(QMainWindow& window, Link& link, QSettings& store, bool forRun) {
+    link.readChecksumsExactly(forRun || store.value(kKey, false).toBool());
+    QMenu* menu = setupMenu(*window.menuBar());
+    auto* entry = menu->addAction(QStringLiteral("Read every checksum exactly"));
+    entry->setObjectName(QStringLiteral("exactChecksum"));
+    entry->setCheckable(true);
+    entry->setChecked(link.checksumsReadExactly());
+    entry->setStatusTip(QStringLiteral("Accept every camera reply whose checksum matches, also those the "
+                                       "station's own reading turns down"));
+    auto* note = new QLabel(QStringLiteral("Exact checksums"), &window);
+    note->setObjectName(QStringLiteral("exactChecksumStatus"));
+    window.statusBar()->addPermanentWidget(note);
+    note->setVisible(link.checksumsReadExactly());
+    QObject::connect(entry, &QAction::toggled, &window, [&link, &store, note](bool on) {
+        link.readChecksumsExactly(on);
+        store.setValue(kKey, on);
+        note->setVisible(on);
+    });
+}
+
+}  // namespace station::ui
