@@ -18,7 +18,7 @@ from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
 
-from web_rig import LIMIT, Line, Station, by_name, chromium, free_port, until, viewport
+from web_rig import LIMIT, Line, Station, by_name, chromium, free_port, outside_address, until, viewport
 
 PROGRAM = SHOTS = None
 LEVEL_NAMES = ["M.BLK", "IRIS", "DTL", "R.GAIN", "B.GAIN", "R.BLK", "B.BLK"]
@@ -231,6 +231,38 @@ class LoopbackOnlyTest(unittest.TestCase):
             with self.assertRaises(OSError):
                 urllib.request.urlopen(station.url, timeout=1)
         finally:
+            station.stop()
+
+
+class PasscodeTest(unittest.TestCase):
+    def test_beyond_loopback_nothing_acts_before_the_passcode(self):
+        outside = outside_address()
+        if outside is None:
+            self.skipTest("this machine has no address beyond loopback")
+        station = Station(PROGRAM, web_address="0.0.0.0", passcode="kestrel-42-amber")
+        station.url = f"http://{outside}:{station.web_port}/"
+        driver = None
+        try:
+            station.wait_serving()
+            line = Line(station.tcp_port)  # on loopback: no passcode asked
+            line.ask("camera 1")
+            driver = chromium()
+            driver.get(station.url)
+            field = until(driver, lambda d: [e for e in d.find_elements(By.CSS_SELECTOR, '[aria-label="Passcode"]')
+                                             if e.is_displayed()], "the page asks for the passcode")[0]
+            driver.execute_script("document.querySelector('[aria-label=\"Camera 2\"]').click()")
+            time.sleep(0.5)
+            self.assertEqual(line.value("camera"), "1", "a click acted before the passcode")
+            field.send_keys("kestrel-42-amber" + Keys.ENTER)
+            until(driver, lambda d: not by_name(d, "Passcode").is_displayed(), "the passcode is accepted")
+            until(driver, lambda d: d.find_elements(By.CSS_SELECTOR, '[aria-label="Camera 2"]:not([disabled])'),
+                  "camera buttons offered")
+            by_name(driver, "Camera 2").click()
+            until(driver, lambda d: line.value("camera") == "2", "camera 2 selected once the passcode was given")
+            line.close()
+        finally:
+            if driver:
+                driver.quit()
             station.stop()
 
 

@@ -18,6 +18,15 @@ from selenium.webdriver.support.ui import WebDriverWait
 LIMIT = 10  # seconds: five times what any wait here takes at worst
 
 
+def outside_address():
+    """An address of this machine beyond loopback, or None where it has none."""
+    try:
+        names = subprocess.run(["hostname", "-I"], capture_output=True, text=True, timeout=LIMIT).stdout.split()
+    except (OSError, subprocess.SubprocessError):
+        return None
+    return next((a for a in names if "." in a and not a.startswith("127.")), None)
+
+
 def free_port():
     with socket.socket() as s:
         s.bind(("127.0.0.1", 0))
@@ -27,7 +36,7 @@ def free_port():
 class Station:
     """corvane-station with --web, its own settings folder, nobody at the screen."""
 
-    def __init__(self, program, web_address="127.0.0.1", web_port=None):
+    def __init__(self, program, web_address="127.0.0.1", web_port=None, passcode=None):
         self.home = tempfile.TemporaryDirectory()
         self.web_port = web_port or free_port()
         self.tcp_port = free_port()
@@ -35,9 +44,15 @@ class Station:
                    XDG_CONFIG_HOME=os.path.join(self.home.name, "config"))
         env.pop("CORVANE_PORT", None)
         self.log = open(os.path.join(self.home.name, "station.log"), "w+")
+        args = [program, "--simulate", "--no-restore", "--remote", "--remote-port", str(self.tcp_port),
+                "--osc-port", str(free_port()), "--web", f"{web_address}:{self.web_port}"]
+        if passcode:  # as a script gives it: from a file, never on the command line
+            path = os.path.join(self.home.name, "passcode")
+            with open(path, "w") as f:
+                f.write(passcode + "\n")
+            args += ["--remote-passcode-file", path]
         self.process = subprocess.Popen(
-            [program, "--simulate", "--no-restore", "--remote", "--remote-port", str(self.tcp_port),
-             "--osc-port", str(free_port()), "--web", f"{web_address}:{self.web_port}"],
+            args,
             env=env, stdout=self.log, stderr=subprocess.STDOUT)
         self.url = f"http://127.0.0.1:{self.web_port}/"
 
