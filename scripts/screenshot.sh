@@ -7,5 +7,6 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/build-gcc.sh" station-screenshot
 build="$root/build/gcc"
 mkdir -p "$root/docs"
-QT_QPA_PLATFORM=offscreen "$build/tools/station-screenshot" "$root/docs/main-window.png"
+# The offscreen screen is small: the window is drawn at the size a desktop would give it.
+QT_QPA_PLATFORM=offscreen "$build/tools/station-screenshot" "$root/docs/main-window.png" main 1200x660
 echo "screenshot.sh: wrote docs/main-window.png"

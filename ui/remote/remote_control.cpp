@@ -23,6 +23,14 @@ std::optional<std::string> readPasscodeFile(const std::filesystem::path& path, s
     return first;
 }
 
+// Why the station may not do `what` on `address`: beyond this computer, without a passcode.
+QString networkRefusal(const QString& what, const QHostAddress& address, const remote::AccessGate& gate) {
+    if (address.isLoopback() || gate.hasPasscode()) return {};
+    return QStringLiteral("%1 on %2 opens the station to the network, which takes a passcode "
+                          "(Setup > Remote control settings)")
+        .arg(what, address.toString());
+}
+
 }  // namespace
 
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) {
@@ -114,12 +122,8 @@ bool RemoteControl::setEnabled(bool on) {
     tcp_.close();
     osc_.close();
     if (!on) return true;
-    if (!settings_.address.isLoopback() && !gate_.hasPasscode()) {
-        error_ = QStringLiteral("listening on %1 opens the station to the network, which takes a passcode "
-                                "(Setup > Remote control settings)")
-                     .arg(settings_.address.toString());
-        return false;
-    }
+    error_ = networkRefusal(QStringLiteral("listening"), settings_.address, gate_);
+    if (!error_.isEmpty()) return false;
     if (!tcp_.listen(settings_.address, settings_.tcpPort)) {
         error_ = QStringLiteral("TCP port %1: %2").arg(settings_.tcpPort).arg(tcp_.errorString());
         return false;
@@ -137,12 +141,8 @@ bool RemoteControl::setWebEnabled(bool on) {
     webError_.clear();
     web_.close();
     if (!on) return true;
-    if (!webSettings_.address.isLoopback() && !gate_.hasPasscode()) {
-        webError_ = QStringLiteral("serving the panel on %1 opens the station to the network, which takes a passcode "
-                                   "(Setup > Remote control settings)")
-                        .arg(webSettings_.address.toString());
-        return false;
-    }
+    webError_ = networkRefusal(QStringLiteral("serving the panel"), webSettings_.address, gate_);
+    if (!webError_.isEmpty()) return false;
     if (!web_.listen(webSettings_.address, webSettings_.port)) {
         webError_ = QStringLiteral("port %1: %2").arg(webSettings_.port).arg(web_.errorString());
         return false;
