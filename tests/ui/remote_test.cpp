@@ -670,7 +670,7 @@ private slots:
         for (const QHostAddress& a : QNetworkInterface::allAddresses())
             if (!a.isLoopback() && a.protocol() == QAbstractSocket::IPv4Protocol) outside = a;
         if (outside.isNull()) QSKIP("this machine has no address beyond loopback");
-        Rig rig(QHostAddress(QHostAddress::AnyIPv4));
+        Rig rig{QHostAddress(QHostAddress::AnyIPv4)};
         RemoteSettings settings = rig.remote.settings();
         settings.passcode = "kestrel-42-amber";
         settings.enabled = true;
