@@ -80,6 +80,22 @@ TEST(Actions, FollowTheWindowsGreyingAndTheGesturesMeaning) {
     ASSERT_TRUE(a.selectCamera(1).ok());
     EXPECT_TRUE(a.call(true).ok());
     EXPECT_TRUE(a.call(false).ok());
+    // GROUP has no functions to choose from.
+    ASSERT_TRUE(a.selectCamera(0).ok());
+    EXPECT_EQ(a.chooseFunctionValue(1, 1, 1).why(), "the selected camera has no functions (GROUP, or no camera type)");
+    // An action item (HD3's Auto Setup) is run from its MODE/VALUE list.
+    ASSERT_TRUE(a.selectCamera(3).ok());
+    rig.takeQueued();
+    int function = 0, item = 0;
+    const std::vector<std::string> titles = a.readout().functionTitles();
+    for (int f = 1; f <= static_cast<int>(titles.size()); ++f)
+        for (int i = 1; i <= a.readout().itemCount(f); ++i)
+            if (a.readout().item(f, i).name() == "Auto Setup") function = f, item = i;
+    ASSERT_GT(function, 0);
+    EXPECT_TRUE(a.chooseFunctionValue(function, item, 1).ok());
+    EXPECT_EQ(rig.takeQueued().size(), 1u);
+    ASSERT_TRUE(a.selectCamera(1).ok());
+    rig.takeQueued();
     // Ack Off greys "Camera to PC".
     rig.station.ACK_Click(1);
     EXPECT_EQ(a.readPage().why(), "page read" + notAvailable(""));
