@@ -19,7 +19,6 @@ ActionResult Actions::offered(bool available, const std::string& control, const 
 
 ActionResult Actions::selectCamera(int camera) {
     Form1& form = station_.form1;
-    if (!availability::cameraSelection(form)) return ActionResult::refused(notAvailable("camera selection"));
     // A ticked COPY would turn the press into a copy onto that camera.
     if (form.CamCopy.value() == 1) return ActionResult::refused("COPY is ticked on the panel");
     return perform([&form, camera] { form.Option9.click(camera); });
@@ -27,7 +26,6 @@ ActionResult Actions::selectCamera(int camera) {
 
 ActionResult Actions::recallScene(int scene) {
     Form1& form = station_.form1;
-    if (!availability::sceneSelection(form)) return ActionResult::refused(notAvailable("scene selection"));
     // With STORE ticked the press would store instead.
     if (form.ScnStore.value() == 1) return ActionResult::refused("STORE is ticked on the panel");
     return perform([&form, scene] { form.Option7.click(scene); });
@@ -35,7 +33,6 @@ ActionResult Actions::recallScene(int scene) {
 
 ActionResult Actions::storeScene(int scene) {
     Form1& form = station_.form1;
-    if (!availability::sceneSelection(form)) return ActionResult::refused(notAvailable("scene selection"));
     return perform([&form, scene] {
         form.ScnStore.setValue(1);
         form.Option7.click(scene);
@@ -43,33 +40,30 @@ ActionResult Actions::storeScene(int scene) {
 }
 
 ActionResult Actions::clearScene() {
-    return offered(availability::sceneClear(station_.form1), "scene clear", [this] { station_.scenes.Command2_Click(); });
+    return perform([this] { station_.scenes.Command2_Click(); });
 }
 
 ActionResult Actions::setMode(Mode mode, int button) {
     OptionGroup& group = station_.form1.*modeControl(mode).group;
-    return offered(availability::mode(station_.form1, mode), std::string("mode ") + modeControl(mode).name,
-                   [&group, button] { group.click(button); });
+    const bool available = mode != Mode::Monitor || availability::monitorSelect(station_.form1);
+    return offered(available, std::string("mode ") + modeControl(mode).name, [&group, button] { group.click(button); });
 }
 
-ActionResult Actions::chooseGainStep(int button) {
-    if (!availability::mode(station_.form1, Mode::Gain)) return ActionResult::refused(notAvailable("gain step"));
-    return setMode(Mode::Gain, button);
-}
+ActionResult Actions::chooseGainStep(int button) { return setMode(Mode::Gain, button); }
 
 ActionResult Actions::setLevel(Level level, int value) {
     ScrollBar& bar = station_.form1.*levelControl(level).bar;
-    return offered(availability::level(station_.form1, level), std::string("level ") + levelControl(level).name,
-                   [&bar, value] { bar.setValue(value); });
+    return perform([&bar, value] { bar.setValue(value); });
 }
 
 ActionResult Actions::stepGain(int step, bool up, int presses) {
-    // The window offers the spin buttons only for a step the gain type can trim.
+    // The window greys an arrow for a step the gain type keeps fixed and at the end of the
+    // step's range; the presses stop there as the operator's would.
     MainPanel& panel = station_.panel;
-    return offered(availability::gainValue(panel, step),
-                   std::string("gain value ") + kGainSteps.at(static_cast<std::size_t>(step)),
+    return offered(availability::gainStep(panel, step, up),
+                   std::string("gain value ") + kGainSteps.at(static_cast<std::size_t>(step)) + (up ? " up" : " down"),
                    [&panel, step, up, presses] {
-                       for (int i = 0; i < presses; ++i)
+                       for (int i = 0; i < presses && availability::gainStep(panel, step, up); ++i)
                            up ? panel.SpinButton1_SpinUp(step) : panel.SpinButton1_SpinDown(step);
                    });
 }
@@ -88,13 +82,13 @@ ActionResult Actions::call(bool on) {
 
 ActionResult Actions::startAuto(bool white) {
     AutoSetup& setup = station_.autoSetup;
-    return offered(availability::autoSetup(station_.form1, white), white ? "auto white" : "auto black",
-                   [&setup, white] { white ? setup.Command8_Click() : setup.Command7_Click(); });
+    return perform([&setup, white] { white ? setup.Command8_Click() : setup.Command7_Click(); });
 }
 
 ActionResult Actions::readPage() {
     if (!availability::pageRead(station_.form1)) return ActionResult::refused(notAvailable("page read"));
-    // The whole page goes into the queue at once; it must fit.
+    // A client's page goes into the queue at once and must fit; the window's own click is
+    // not held back for room.
     const int needed = static_cast<int>(station_.pages.readRequests().size());
     const int room = SendQueue::kCapacity - readout_.queued();
     if (needed > room)
@@ -104,23 +98,23 @@ ActionResult Actions::readPage() {
 }
 
 ActionResult Actions::sendPage() {
-    return offered(availability::pageSend(station_.form1), "page send", [this] { station_.pages.Command13_Click(); });
+    return perform([this] { station_.pages.Command13_Click(); });
 }
 
 ActionResult Actions::sendOnePage() {
-    return offered(availability::onePage(station_.form1), "1Page to CAM", [this] { station_.pages.Command3_Click(); });
+    return perform([this] { station_.pages.Command3_Click(); });
 }
 
 ActionResult Actions::open() {
-    return offered(availability::fileOpen(station_.form1), "Open", [this] { station_.setupFile.CamFileOpen(); });
+    return perform([this] { station_.setupFile.CamFileOpen(); });
 }
 
 ActionResult Actions::save() {
-    return offered(availability::fileSave(station_.form1), "Save", [this] { station_.setupFile.SAVE_Click(); });
+    return perform([this] { station_.setupFile.SAVE_Click(); });
 }
 
 ActionResult Actions::saveAs() {
-    return offered(availability::fileSave(station_.form1), "Save As", [this] { station_.setupFile.SAVE_AS_Click(); });
+    return perform([this] { station_.setupFile.SAVE_AS_Click(); });
 }
 
 ActionResult Actions::functionGesture(int function, int item, const std::function<void()>& choose) {
@@ -150,7 +144,7 @@ ActionResult Actions::setFunctionValue(int function, int item, long value) {
 
 ActionResult Actions::consoleFrame(const std::string& hex) {
     Console& console = station_.console;
-    return offered(availability::consoleFrame(console), "the console", [&console, &hex] {
+    return perform([&console, &hex] {
         console.Text1.setText(hex);
         console.Command1_Click();
     });

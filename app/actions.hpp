@@ -41,7 +41,8 @@ public:
     ActionResult chooseGainStep(int button);
     // A level bar moved to `value` (within its range).
     ActionResult setLevel(Level level, int value);
-    // The spin buttons of a gain step (0 LOW, 1 MID, 2 HIGH), pressed `presses` times.
+    // The spin buttons of a gain step (0 LOW, 1 MID, 2 HIGH), pressed `presses` times or
+    // until the arrow greys at the end of the step's range.
     ActionResult stepGain(int step, bool up, int presses = 1);
     ActionResult stepFilter(bool up);
     // The CALL button pressed (on) or released (off).

@@ -169,7 +169,7 @@ void FunctionEditor::showItem() {
     const std::string value = stored ? *stored : std::string();
     const std::string shown = it.valueOf(value).text;
     form_.Label2.Caption = it.name();
-    if (it.kind() == 'A') {
+    if (it.setter() == FunctionItem::Setter::Bar) {
         form_.List3.clear();
         form_.List3.Enabled = false;
         built_ = {};
@@ -188,7 +188,7 @@ void FunctionEditor::showItem() {
         return;
     }
     form_.HScroll1.Enabled = false;
-    form_.List3.Enabled = it.kind() == 'M' || it.kind() == 'S' || it.kind() == 'T';
+    form_.List3.Enabled = it.setter() == FunctionItem::Setter::List;
     const Built now{slot(), f, item_};
     if (built_ != now) {
         form_.List3.clear();

@@ -30,6 +30,13 @@ public:
     FunctionItem(const TypeTables& types, int slot, int function, int item);
 
     char kind() const { return kind_; }
+    // The Function window's control that sets the item: the MODE/VALUE list of a mode,
+    // shutter or action item, the analog bar of an analog item, or none.
+    enum class Setter { None, List, Bar };
+    Setter setter() const {
+        if (kind_ == 'A') return Setter::Bar;
+        return kind_ == 'M' || kind_ == 'S' || kind_ == 'T' ? Setter::List : Setter::None;
+    }
     const std::string& name() const;
     const std::string& code() const { return code_; }
 

@@ -97,12 +97,12 @@ void addFunctionCommands(CommandSet& commands) {
         const std::string control = "function " + lower(title) + "/" + lower(it.name());
         int choice = 0;
         long value = 0;
-        if (it.kind() == 'A') {
+        if (it.setter() == FunctionItem::Setter::Bar) {
             const auto stored = hexNumber(held.value_or(std::string()));
             long now = stored ? static_cast<long>(*stored) : it.range().min;
             if (c->faders().busy(control)) now = c->faders().latest(control).value_or(now);  // an encoder's next step
             value = analogValue(it, now, w);
-        } else if (it.kind() == 'M' || it.kind() == 'S' || it.kind() == 'T') {
+        } else if (it.setter() == FunctionItem::Setter::List) {
             choice = namedValue(it, w.take("value"));
         } else {
             throw CommandError(quoted(it.name()) + " has nothing to set");

@@ -35,32 +35,21 @@ TEST(Actions, GreyedControlRefusesItsAction) {
     };
     const std::string na = " is not available for this camera now";
     const std::vector<Case> cases{
-        {"camera frame", [](Station& s) { s.form1.cameraSelect.Enabled = false; },
-         [](Actions& a) { return a.selectCamera(2); }, "camera selection" + na},
-        {"scene buttons", [](Station& s) { s.form1.Option7.Enabled = false; },
-         [](Actions& a) { return a.storeScene(2); }, "scene selection" + na},
-        {"white group", [](Station& s) { s.form1.OptWhite.Enabled = false; },
-         [](Actions& a) { return a.setMode(Mode::White, 1); }, "mode white" + na},
         {"monitor frame", [](Station& s) { s.form1.Frame12.Enabled = false; },
          [](Actions& a) { return a.setMode(Mode::Monitor, 3); }, "mode monitor" + na},
-        {"iris bar", [](Station& s) { s.form1.VrIris.Enabled = false; },
-         [](Actions& a) { return a.setLevel(Level::Iris, 20); }, "level iris" + na},
         {"filter frame", [](Station& s) { s.form1.Frame17.Enabled = false; },
          [](Actions& a) { return a.stepFilter(true); }, "the filter" + na},
         {"tally frame", [](Station& s) { s.form1.Frame19.Enabled = false; },
          [](Actions& a) { return a.call(true); }, "the call button" + na},
-        {"auto frame", [](Station& s) { s.form1.Frame15.Enabled = false; },
-         [](Actions& a) { return a.startAuto(false); }, "auto black" + na},
-        {"white button", [](Station& s) { s.form1.Command8.Enabled = false; },
-         [](Actions& a) { return a.startAuto(true); }, "auto white" + na},
         {"read button", [](Station& s) { s.form1.Command12.Enabled = false; },
          [](Actions& a) { return a.readPage(); }, "page read" + na},
-        {"send button", [](Station& s) { s.form1.Command13.Enabled = false; },
-         [](Actions& a) { return a.sendPage(); }, "page send" + na},
-        {"one page button", [](Station& s) { s.form1.Command3.Enabled = false; },
-         [](Actions& a) { return a.sendOnePage(); }, "1Page to CAM" + na},
-        {"console", [](Station& s) { s.console.Command1.Enabled = false; },
-         [](Actions& a) { return a.consoleFrame("02 03 40 00 00 BC FF"); }, "the console" + na},
+        // LOW of a gain type with a one-bit LOW, already up: the up arrow is at its limit.
+        {"gain at its limit", [](Station& s) {
+             Actions a(s);
+             (void)a.stepGain(0, true);
+             (void)a.dropQueued();
+         },
+         [](Actions& a) { return a.stepGain(0, true, 3); }, "gain value low up" + na},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -91,6 +80,22 @@ TEST(Actions, FollowTheWindowsGreyingAndTheGesturesMeaning) {
     ASSERT_TRUE(a.selectCamera(1).ok());
     EXPECT_TRUE(a.call(true).ok());
     EXPECT_TRUE(a.call(false).ok());
+    // GROUP has no functions to choose from.
+    ASSERT_TRUE(a.selectCamera(0).ok());
+    EXPECT_EQ(a.chooseFunctionValue(1, 1, 1).why(), "the selected camera has no functions (GROUP, or no camera type)");
+    // An action item (HD3's Auto Setup) is run from its MODE/VALUE list.
+    ASSERT_TRUE(a.selectCamera(3).ok());
+    rig.takeQueued();
+    int function = 0, item = 0;
+    const std::vector<std::string> titles = a.readout().functionTitles();
+    for (int f = 1; f <= static_cast<int>(titles.size()); ++f)
+        for (int i = 1; i <= a.readout().itemCount(f); ++i)
+            if (a.readout().item(f, i).name() == "Auto Setup") function = f, item = i;
+    ASSERT_GT(function, 0);
+    EXPECT_TRUE(a.chooseFunctionValue(function, item, 1).ok());
+    EXPECT_EQ(rig.takeQueued().size(), 1u);
+    ASSERT_TRUE(a.selectCamera(1).ok());
+    rig.takeQueued();
     // Ack Off greys "Camera to PC".
     rig.station.ACK_Click(1);
     EXPECT_EQ(a.readPage().why(), "page read" + notAvailable(""));

@@ -232,6 +232,8 @@ TEST(Remote, PushesFunctionLineAnswers) {
     EXPECT_EQ(rig.commands.execute("camera 3"), "OK");
     rig.run(200);
     rig.commands.changes();
+    // An action item is run from its list of actions, as in the Function window.
+    EXPECT_EQ(rig.commands.execute("function output \"auto setup\" \"auto flare\""), "OK");
     EXPECT_EQ(rig.commands.execute("function Gamma \"Gamma Mode\" cine"), "OK");
     const remote::StateList page = rig.commands.changes();
     EXPECT_NE(std::find(page.begin(), page.end(), remote::StateItem{"function item 1", "Gamma Mode: CINE"}), page.end());

@@ -10,16 +10,95 @@
 #include <QScrollBar>
 #include <QtTest>
 
+#include "app/actions.hpp"
 #include "link/frame.hpp"
 #include "tests/ui/view_rig.hpp"
 #include "ui/windows/auto_message_window.hpp"
 #include "ui/windows/camera_set_window.hpp"
+#include "ui/windows/function_window.hpp"
+#include "ui/windows/console_window.hpp"
 #include "ui/windows/line_log_window.hpp"
 #include "ui/widgets/level_bar.hpp"
 
 using namespace station;
 using namespace station::testing;
 using Commands = std::vector<std::string>;
+
+namespace {
+
+// One gesture: whether each of its triggers in the windows is enabled, and the named action
+// a remote client runs for it.
+struct WalkGesture {
+    std::string name;
+    std::function<std::vector<bool>(ViewRig&)> triggers;
+    std::function<ActionResult(Actions&)> act;
+};
+
+// Refused because the control is greyed (not for a client's own reason: a ticked COPY, no
+// room in the queue for a whole page).
+bool refusedAsGreyed(const ActionResult& r) {
+    return r.status() == ActionResult::Status::Refused &&
+           (r.why().ends_with(notAvailable("")) || r.why().starts_with("the selected camera has no functions"));
+}
+
+std::function<std::vector<bool>(ViewRig&)> mainButton(std::string name) {
+    return [name](ViewRig& rig) { return std::vector<bool>{rig.main(name.c_str()).isEnabled()}; };
+}
+
+// A button and the menu entry of the same gesture.
+std::function<std::vector<bool>(ViewRig&)> buttonAndEntry(std::string name, const char* entry) {
+    return [name, entry](ViewRig& rig) {
+        const QAction* menu = rig.view->mainWindow().menus().action(QString::fromLatin1(entry));
+        return std::vector<bool>{rig.main(name.c_str()).isEnabled(), menu != nullptr && menu->isEnabled()};
+    };
+}
+
+std::vector<WalkGesture> everyGesture() {
+    std::vector<WalkGesture> all{
+        {"camera 2", mainButton("Option9(2)"), [](Actions& a) { return a.selectCamera(2); }},
+        {"GROUP", mainButton("Option9(0)"), [](Actions& a) { return a.selectCamera(0); }},
+        {"scene 2", mainButton("Option7(2)"), [](Actions& a) { return a.recallScene(2); }},
+        {"CLEAR", mainButton("Command2"), [](Actions& a) { return a.clearScene(); }},
+        {"filter up", mainButton("SpinButton2.up"), [](Actions& a) { return a.stepFilter(true); }},
+        {"filter down", mainButton("SpinButton2.down"), [](Actions& a) { return a.stepFilter(false); }},
+        {"CALL", mainButton("Command9"), [](Actions& a) { return a.call(true); }},
+        {"auto white", mainButton("Command8"), [](Actions& a) { return a.startAuto(true); }},
+        {"auto black", mainButton("Command7"), [](Actions& a) { return a.startAuto(false); }},
+        {"Camera to PC", buttonAndEntry("Command12", "Camera to PC"), [](Actions& a) { return a.readPage(); }},
+        {"PC to Camera", buttonAndEntry("Command13", "PC to Camera"), [](Actions& a) { return a.sendPage(); }},
+        {"1Page to CAM", mainButton("Command3"), [](Actions& a) { return a.sendOnePage(); }},
+        {"OPEN", buttonAndEntry("Command10", "OPEN"), [](Actions& a) { return a.open(); }},
+        {"console", [](ViewRig& rig) {
+             return std::vector<bool>{rig.widget(rig.view->consoleWindow(), "Command1").isEnabled()};
+         }, [](Actions& a) { return a.consoleFrame("06"); }},
+        {"function list", [](ViewRig& rig) {
+             rig.view->forward([&rig] { rig.station.form2.form.Show(); });
+             return std::vector<bool>{rig.widget(rig.view->functionWindow(), "List1").isEnabled()};
+         }, [](Actions& a) { return a.chooseFunctionValue(1, 1, 1); }},
+    };
+    const char* const groups[] = {"OptBar", "OptDtl", "OptSht", "OptGain", "OptWhite", "OptIris", "OptMonsel"};
+    for (const ModeControl& m : kModes) {
+        const int b = (Form1().*m.group).lo() + 1;
+        all.push_back({std::string("mode ") + m.name,
+                       mainButton(std::string(groups[static_cast<int>(m.mode)]) + "(" + std::to_string(b) + ")"),
+                       [m, b](Actions& a) { return a.setMode(m.mode, b); }});
+    }
+    const char* const bars[] = {"VrMblk", "VrIris", "VrDtl", "VrRGain", "VrBGain", "VrRBlk", "VrBBlk"};
+    for (const LevelControl& l : kLevels)
+        all.push_back({std::string("level ") + l.name, mainButton(std::string(bars[static_cast<int>(l.level)]) + ".bar"),
+                       [l](Actions& a) { return a.setLevel(l.level, 1); }});
+    for (int step = 0; step <= 2; ++step)
+        for (const bool up : {true, false})
+            all.push_back({"gain " + std::to_string(step) + (up ? " up" : " down"),
+                           [step, up](ViewRig& rig) {
+                               QWidget& spin = rig.main(("SpinButton1(" + std::to_string(step) + ")").c_str());
+                               return std::vector<bool>{rig.widget(spin, up ? "up" : "down").isEnabled()};
+                           },
+                           [step, up](Actions& a) { return a.stepGain(step, up); }});
+    return all;
+}
+
+}  // namespace
 
 class ViewTest : public QObject {
     Q_OBJECT
@@ -155,6 +234,44 @@ private slots:
         idOn.trigger();
         QVERIFY(idOn.isChecked());
         QCOMPARE(rig.station.shared.IDMode, 1);
+    }
+
+    // Every trigger of a gesture is enabled exactly when its named action is offered, and a
+    // greyed one is refused in the control's words, in states where the greying changes.
+    void everyTriggerIsEnabledExactlyWhenItsActionIsOffered() {
+        struct State {
+            const char* name;
+            std::function<void(ViewRig&, Actions&)> reach;
+        };
+        const std::vector<State> states{
+            {"studio, camera 1", [](ViewRig&, Actions&) {}},
+            {"Ack Off", [](ViewRig& rig, Actions&) { rig.view->mainWindow().menus().action(QStringLiteral("Ack Off"))->trigger(); }},
+            {"GROUP", [](ViewRig&, Actions& a) { QVERIFY(a.selectCamera(0).ok()); }},
+            {"a type without tally, filter, monitor or LOW gain",
+             [](ViewRig&, Actions& a) { QVERIFY(a.selectCamera(6).ok()); }},
+            {"gain LOW at its limit", [](ViewRig&, Actions& a) { QVERIFY(a.stepGain(0, true).ok()); }},
+            {"queue nearly full", [](ViewRig& rig, Actions&) {
+                 for (int i = 0; i < 250; ++i) rig.station.link.SendCmd("200801FE");
+             }},
+            {"a box up", [](ViewRig&, Actions&) {}},
+        };
+        const std::vector<WalkGesture> gestures = everyGesture();
+        for (const State& state : states) {
+            for (const WalkGesture& g : gestures) {
+                const QByteArray where = QByteArray(state.name) + ": " + QByteArray::fromStdString(g.name);
+                ViewRig rig;
+                rig.openStudio();
+                Actions actions(rig.station);
+                state.reach(rig, actions);
+                std::optional<ui::ModalPause::Scope> box;
+                if (std::string(state.name) == "a box up") box.emplace(rig.modal, "Camera to PC is being read");
+                rig.view->refresh();
+                const std::vector<bool> enabled = g.triggers(rig);
+                for (const bool e : enabled) QVERIFY2(e == enabled.front(), where + ": triggers disagree");
+                const ActionResult r = g.act(actions);
+                QVERIFY2(enabled.front() != refusedAsGreyed(r), where + (enabled.front() ? ": offered, refused: " : ": greyed, not refused: ") + QByteArray::fromStdString(r.why()));
+            }
+        }
     }
 
     void timersStandStillWhileAModalBoxIsUp() {

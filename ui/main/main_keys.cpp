@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <tuple>
 
-#include "app/availability.hpp"
 #include "ui/main/main_menus.hpp"
 
 namespace station::ui {
@@ -78,10 +77,9 @@ void MainKeys::press(int index, const Forward& forward) {
 QString MainKeys::cameraKey(int index) { return index == 0 ? QStringLiteral("G") : QString::number(index); }
 
 void MainKeys::render() {
-    const bool enabled = availability::cameraSelection(form_);
+    // Camera selection is always offered; the keys only follow which camera is chosen.
     for (int i = 0; i <= 8; ++i) {
         QAction& action = *cameras_.at(static_cast<std::size_t>(i));
-        if (action.isEnabled() != enabled) action.setEnabled(enabled);
         if (action.isChecked() != form_.Option9[i].Value) action.setChecked(form_.Option9[i].Value);
     }
 }

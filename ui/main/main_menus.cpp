@@ -27,12 +27,13 @@ void showEntry(QAction& action, const MenuItem& item) {
 
 }  // namespace
 
-MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : station_(station), bar_(bar) {
+MainMenus::MainMenus(Station& station, const GestureActions& actions, const Forward& forward, QMenuBar& bar)
+    : station_(station), bar_(bar) {
     Station* s = &station;
 
     QMenu* file = bar.addMenu(QStringLiteral("&File"));
-    entry(file, QStringLiteral("OPEN"), forward, [s] { s->OPEN_Click(); });
-    entry(file, QStringLiteral("SAVE"), forward, [s] { s->SAVE_Click(); });
+    file->addAction(&actions.open());
+    file->addAction(&actions.save());
     entry(file, QStringLiteral("SAVE AS"), forward, [s] { s->SAVE_AS_Click(); });
     file->addSeparator();
     entry(file, QStringLiteral("&Quit"), forward, [s] { s->QUIT_Click(); });
@@ -52,10 +53,8 @@ MainMenus::MainMenus(Station& station, const Forward& forward, QMenuBar& bar) : 
     port_ = std::make_unique<PortMenu>(station, forward, *setup);
     entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });
 
-    entry(&bar, QStringLiteral("&PC to Camera"), forward, [s] { s->pages.SEND_Click(); });
-    // No mnemonic: it replaces the working copy with the camera's values, so no slip of
-    // Alt+letter may run it (Alt+C opens the "&Camera" menu). F10 and the arrows reach it.
-    entry(&bar, QStringLiteral("Camera to PC"), forward, [s] { s->pages.READ_Click(); });
+    bar.addAction(&actions.sendPage());
+    bar.addAction(&actions.readPage());
 
     QMenu* help = bar.addMenu(QStringLiteral("&Help"));
     version_ = entry(help, QString(), forward, [s] { s->HELP_Click(); });
@@ -81,7 +80,9 @@ void MainMenus::render() {
 }
 
 QAction* MainMenus::action(const QString& text) const {
-    const QList<QAction*> all = bar_.findChildren<QAction*>();
+    // The shared gesture actions belong to the window, so the entries are taken from the menus.
+    QList<QAction*> all = bar_.actions();
+    for (const QMenu* menu : bar_.findChildren<QMenu*>()) all += menu->actions();
     for (QAction* a : all) {
         QString plain = a->text();
         plain.remove(QLatin1Char('&'));

@@ -8,6 +8,7 @@
 #include <memory>
 
 #include "app/station.hpp"
+#include "ui/main/gesture_actions.hpp"
 #include "ui/widgets/render.hpp"
 
 class QAction;
@@ -19,7 +20,7 @@ class PortMenu;
 
 class MainMenus {
 public:
-    MainMenus(Station& station, const Forward& forward, QMenuBar& bar);
+    MainMenus(Station& station, const GestureActions& actions, const Forward& forward, QMenuBar& bar);
     ~MainMenus();
     void render();
 

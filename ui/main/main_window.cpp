@@ -43,10 +43,11 @@ public:
 MainWindow::MainWindow(Station& station, Forward forward)
     : station_(station), forward_(std::move(forward)) {
     setObjectName(QStringLiteral("Form1"));
+    gestures_ = std::make_unique<GestureActions>(station, forward_, *this);
     auto* central = new QWidget(this);
     cameras_ = new CameraSelectView(station.form1, forward_, central);
     scenes_ = new SceneView(station, forward_, central);
-    transfer_ = new TransferView(station, forward_, central);
+    transfer_ = new TransferView(station, *gestures_, forward_, central);
     modes_ = new ModeView(station.form1, station.panel, forward_, central);
     levels_ = new LevelsView(station.form1, forward_, central);
     extras_ = new FilterTallyView(station, forward_, central);
@@ -89,7 +90,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
     setCentralWidget(central);
     new FocusMark(*central);
 
-    menus_ = std::make_unique<MainMenus>(station, forward_, *menuBar());
+    menus_ = std::make_unique<MainMenus>(station, *gestures_, forward_, *menuBar());
     notices_ = new NoticeQueue(*this);
     keys_ = std::make_unique<MainKeys>(station.form1, station.scenes, forward_, *this, *menus_,
                                        [n = notices_](const QString& text) { n->sayNow(text, 2000); });
@@ -133,6 +134,7 @@ void MainWindow::render() {
     if (panelState_->text() != stateText) panelState_->setText(stateText);
     cameras_->render();
     scenes_->render();
+    gestures_->render();
     transfer_->render();
     modes_->render();
     levels_->render();

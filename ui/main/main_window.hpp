@@ -9,6 +9,7 @@
 #include <memory>
 
 #include "app/station.hpp"
+#include "ui/main/gesture_actions.hpp"
 #include "ui/main/main_keys.hpp"
 #include "ui/main/main_menus.hpp"
 #include "ui/widgets/render.hpp"
@@ -32,6 +33,7 @@ public:
     ~MainWindow() override;
     void render();
     MainMenus& menus() { return *menus_; }
+    GestureActions& gestures() { return *gestures_; }
     NoticeQueue& notices() { return *notices_; }
 
 protected:
@@ -40,6 +42,7 @@ protected:
 private:
     Station& station_;
     Forward forward_;
+    std::unique_ptr<GestureActions> gestures_;  // before the buttons and menus that share them
     CameraSelectView* cameras_;
     SceneView* scenes_;
     TransferView* transfer_;

@@ -122,14 +122,15 @@ void ModeView::render() {
     for (auto& group : groups_) group->render();
     for (int i = 0; i <= 2; ++i) {
         showLabel(*gainSteps_.at(static_cast<std::size_t>(i)), form_.Label1(i));
-        // A step the camera's gain type keeps fixed has nothing to trim.
-        const bool offered = availability::gainValue(panel_, i);
+        // An arrow is greyed for a step the camera's gain type keeps fixed and at its step's
+        // limit; a step with neither arrow has nothing to trim.
         QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
-        if (spin.isEnabled() != offered) spin.setEnabled(offered);
-        // An arrow at its step's limit is greyed: a press there would change nothing.
-        for (const bool up : {true, false}) {
-            QWidget& arrow = *spin.findChild<QWidget*>(QString::fromLatin1(up ? "up" : "down"));
-            const bool can = panel_.canStepGain(i, up ? +1 : -1);
+        const bool up = availability::gainStep(panel_, i, true);
+        const bool down = availability::gainStep(panel_, i, false);
+        if (spin.isEnabled() != (up || down)) spin.setEnabled(up || down);
+        for (const bool upArrow : {true, false}) {
+            QWidget& arrow = *spin.findChild<QWidget*>(QString::fromLatin1(upArrow ? "up" : "down"));
+            const bool can = upArrow ? up : down;
             if (arrow.isEnabled() != can) arrow.setEnabled(can);
         }
     }

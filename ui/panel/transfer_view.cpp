@@ -5,12 +5,23 @@
 
 namespace station::ui {
 
-TransferView::TransferView(Station& station, const Forward& forward, QWidget* parent)
+namespace {
+
+QPushButton* actionButton(QWidget* parent, const char* name, QAction& action) {
+    auto* button = new QPushButton(parent);
+    button->setObjectName(QString::fromLatin1(name));
+    bindButton(*button, action);
+    return button;
+}
+
+}  // namespace
+
+TransferView::TransferView(Station& station, const GestureActions& actions, const Forward& forward, QWidget* parent)
     : QGroupBox(QStringLiteral("PAGE"), parent), form_(station.form1),
-      open_(commandButton(this, "Command10", forward, [s = &station] { s->Command10_Click(); })),
-      save_(commandButton(this, "Command11", forward, [s = &station] { s->Command11_Click(); })),
-      read_(commandButton(this, "Command12", forward, [s = &station] { s->pages.Command12_Click(); })),
-      send_(commandButton(this, "Command13", forward, [s = &station] { s->pages.Command13_Click(); })),
+      open_(actionButton(this, "Command10", actions.open())),
+      save_(actionButton(this, "Command11", actions.save())),
+      read_(actionButton(this, "Command12", actions.readPage())),
+      send_(actionButton(this, "Command13", actions.sendPage())),
       page_(commandButton(this, "Command3", forward, [s = &station] { s->pages.Command3_Click(); })) {
     setObjectName(QStringLiteral("transfer"));
     auto* grid = new QGridLayout(this);
@@ -24,10 +35,10 @@ TransferView::TransferView(Station& station, const Forward& forward, QWidget* pa
 }
 
 void TransferView::render() {
-    showButton(*open_, form_.Command10);
-    showButton(*save_, form_.Command11);
-    showButton(*read_, form_.Command12);
-    showButton(*send_, form_.Command13);
+    showCaption(*open_, form_.Command10);
+    showCaption(*save_, form_.Command11);
+    showCaption(*read_, form_.Command12);
+    showCaption(*send_, form_.Command13);
     showButton(*page_, form_.Command3);
 }
 

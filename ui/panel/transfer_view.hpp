@@ -1,11 +1,13 @@
 #pragma once
 // The page and file buttons: open and save the setup data file, read every setting from
 // the selected camera ("Camera to PC"), send every stored setting to it ("PC to Camera"),
-// and send the function page shown in the editor ("1Page to CAM").
+// and send the function page shown in the editor ("1Page to CAM"). The first four share
+// their action, and with it their greying, with the menu entries of the same gesture.
 
 #include <QGroupBox>
 
 #include "app/station.hpp"
+#include "ui/main/gesture_actions.hpp"
 #include "ui/widgets/render.hpp"
 
 class QPushButton;
@@ -14,7 +16,7 @@ namespace station::ui {
 
 class TransferView : public QGroupBox {
 public:
-    TransferView(Station& station, const Forward& forward, QWidget* parent);
+    TransferView(Station& station, const GestureActions& actions, const Forward& forward, QWidget* parent);
     void render();
 
 private:

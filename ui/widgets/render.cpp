@@ -64,6 +64,10 @@ void showButton(QAbstractButton& widget, const CommandButton& button) {
     showEnabled(widget, button.Enabled);
 }
 
+void showCaption(QAbstractButton& widget, const CommandButton& button) {
+    if (!sameText(widget.text(), button.Caption)) widget.setText(qs(button.Caption));
+}
+
 void showCheck(QAbstractButton& widget, const CheckBox& box) {
     const QSignalBlocker quiet(widget);
     if (!sameText(widget.text(), box.Caption)) widget.setText(qs(box.Caption));

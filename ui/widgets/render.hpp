@@ -51,6 +51,8 @@ void setBackColour(QWidget& widget, std::uint32_t bgr);
 void showLabel(QLabel& widget, const Label& label);
 void showFrame(QGroupBox& widget, const Frame& frame);
 void showButton(QAbstractButton& widget, const CommandButton& button);
+// The caption only: the button follows an action's enabled state.
+void showCaption(QAbstractButton& widget, const CommandButton& button);
 void showCheck(QAbstractButton& widget, const CheckBox& box);
 void showText(QLineEdit& widget, const std::string& text);
 // The list's items and its selected entry (ListIndex, -1 for none).

@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+#include "app/availability.hpp"
+
 namespace station::ui {
 
 namespace {
@@ -153,6 +155,9 @@ void FunctionWindow::render() {
     renderWindow();
     if (!isVisible()) return;
     showList(*functions_, form_.List1);
+    // Greyed while the selected camera has no functions to choose from (GROUP, no type).
+    const bool offered = availability::functionItems(form_);
+    if (functions_->isEnabled() != offered) functions_->setEnabled(offered);
     showLabel(*scene_, form_.Label1);
     showList(*items_, form_.List2);
     showLabel(*item_, form_.Label2);
