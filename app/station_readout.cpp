@@ -54,18 +54,16 @@ bool StationReadout::callHeld() const { return station_.form1.CallOn != 0; }
 
 StationReadout::Offered StationReadout::offered() const {
     const Form1& form = station_.form1;
-    Offered o;
-    o.camera = availability::cameraSelection(form);
-    o.scene = availability::sceneSelection(form);
-    o.sceneClear = availability::sceneClear(form);
+    Offered o;  // what has no rule is always offered
     o.filter = availability::filterStep(form);
     o.call = availability::call(form);
-    o.autoWhite = availability::autoSetup(form, true);
-    o.autoBlack = availability::autoSetup(form, false);
-    for (std::size_t i = 0; i < kModes.size(); ++i) o.modes.at(i) = availability::mode(form, kModes.at(i).mode);
-    for (std::size_t i = 0; i < kLevels.size(); ++i) o.levels.at(i) = availability::level(form, kLevels.at(i).level);
-    for (std::size_t i = 0; i < kGainSteps.size(); ++i)
-        o.gainValues.at(i) = availability::gainValue(station_.panel, static_cast<int>(i));
+    for (std::size_t i = 0; i < kModes.size(); ++i)
+        o.modes.at(i) = kModes.at(i).mode != Mode::Monitor || availability::monitorSelect(form);
+    for (std::size_t i = 0; i < kGainSteps.size(); ++i) {
+        const int step = static_cast<int>(i);
+        o.gainValues.at(i) = availability::gainStep(station_.panel, step, true) ||
+                             availability::gainStep(station_.panel, step, false);
+    }
     return o;
 }
 

@@ -63,16 +63,16 @@ public:
     // Which of the main panel's controls the window offers now (the rest it greys), by the
     // rule each gesture's action asks.
     struct Offered {
-        bool camera = false;
-        bool scene = false;
-        bool sceneClear = false;
+        bool camera = true;
+        bool scene = true;
+        bool sceneClear = true;
         bool filter = false;
         bool call = false;
-        bool autoWhite = false;
-        bool autoBlack = false;
+        bool autoWhite = true;
+        bool autoBlack = true;
         std::array<bool, kModes.size()> modes{};
-        std::array<bool, kLevels.size()> levels{};
-        std::array<bool, kGainSteps.size()> gainValues{};  // the spin buttons of LOW, MID, HIGH
+        std::array<bool, kLevels.size()> levels{true, true, true, true, true, true, true};
+        std::array<bool, kGainSteps.size()> gainValues{};  // a spin button of LOW, MID, HIGH can be pressed
     };
     Offered offered() const;
 
