@@ -18,7 +18,11 @@ volatile sig_atomic_t signalFd = -1;
 void onSignal(int) {
     const int saved = errno;
     const char byte = 1;
-    if (signalFd >= 0) (void)::write(signalFd, &byte, 1);
+    if (signalFd >= 0) {
+        // A byte that does not fit finds the pipe already holding one: the wake-up is there.
+        const ssize_t written = ::write(signalFd, &byte, 1);
+        static_cast<void>(written);
+    }
     errno = saved;
 }
 
