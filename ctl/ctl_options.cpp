@@ -78,7 +78,8 @@ std::vector<std::string> scriptCommands(const std::string& text) {
 
 std::string ctlHelp() {
     return "Usage: corvane-ctl (--port DEVICE | --simulate) [--setup FILE] [COMMAND [, COMMAND]...]\n"
-           "                   [--script FILE] [--save FILE [--partial]] [--definitions FOLDER]\n"
+           "                   [--script FILE] [--save FILE [--partial] [--main-only]]\n"
+           "                   [--definitions FOLDER]\n"
            "                   [--keep-going] [--quiet]\n"
            "       corvane-ctl --version | --help\n"
            "\n"
