@@ -35,6 +35,11 @@ public:
     std::string value(const std::string& what = "a value");
     // The option is a flag: "--trace=yes" is refused with "--trace takes no value".
     void flag() const;
+    // The same, and `set` is set.
+    void flag(bool& set) const {
+        flag();
+        set = true;
+    }
     // Refuses the word: "unknown option --colour", or "unknown argument: WORD" for a word
     // that is no option where the program takes none.
     [[noreturn]] void unknown() const;

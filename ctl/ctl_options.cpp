@@ -19,22 +19,18 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args) {
         command.clear();
     };
     options::OptionReader r(args);
-    auto flag = [&r](bool& set) {
-        r.flag();
-        set = true;
-    };
     while (r.next()) {
         const std::string& name = r.name();
         // An option ends the command before it.
         if (r.isOption()) finish();
-        if (name == "--help" || name == "-h") flag(out.help);
-        else if (name == "--version") flag(out.version);
+        if (name == "--help" || name == "-h") r.flag(out.help);
+        else if (name == "--version") r.flag(out.version);
         else if (name == "--port") out.port = r.value();
-        else if (name == "--simulate") flag(out.simulate);
-        else if (name == "--quiet") flag(out.quiet);
-        else if (name == "--keep-going") flag(out.keepGoing);
-        else if (name == "--partial") flag(out.partial);
-        else if (name == "--main-only") flag(out.mainOnly);
+        else if (name == "--simulate") r.flag(out.simulate);
+        else if (name == "--quiet") r.flag(out.quiet);
+        else if (name == "--keep-going") r.flag(out.keepGoing);
+        else if (name == "--partial") r.flag(out.partial);
+        else if (name == "--main-only") r.flag(out.mainOnly);
         else if (name == "--setup") out.setup = r.value();
         else if (name == "--save") out.save = r.value();
         else if (name == "--definitions") out.definitions = r.value();

@@ -31,16 +31,12 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
     bool described = false;
     std::optional<std::filesystem::path> definitions;  // --definitions, else the --setup file's folder
     options::OptionReader r(args);
-    auto flag = [&r](bool& set) {
-        r.flag();
-        set = true;
-    };
     while (r.next()) {
         const std::string& name = r.name();
         if (name == "--help" || name == "-h") {
-            flag(out.help);
+            r.flag(out.help);
         } else if (name == "--version") {
-            flag(out.version);
+            r.flag(out.version);
         } else if (name == "--camera") {
             addCameraOption(r.value(), out.line);
             described = true;
@@ -58,7 +54,7 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         } else if (name == "--fault") {
             addFaultOption(r.value(), out.line);
         } else if (name == "--id-mode") {
-            flag(out.line.idMode);
+            r.flag(out.line.idMode);
         } else if (name == "--speed") {
             const std::string v = r.value();
             if (v != "9600" && v != "19200") throw std::invalid_argument(options::badValue("--speed", "9600 or 19200"));
@@ -68,7 +64,7 @@ ToolOptions parseToolOptions(const std::vector<std::string>& args) {
         } else if (name == "--link") {
             out.linkPath = r.value("a path");
         } else if (name == "--trace") {
-            flag(out.trace);
+            r.flag(out.trace);
         } else if (name == "--exit-after") {
             out.exitAfter = static_cast<double>(wholeNumber(name, r.value(), 1, 86'400));
         } else {
