@@ -4,6 +4,8 @@
 #
 #   tests/mutations/run.sh [SOURCE_ROOT]      (default: this checkout)
 #   FAULTS="link-ack-ticks sim-reply-class" tests/mutations/run.sh   (only these ids)
+#   TESTS="ui_keys|Scenes" tests/mutations/run.sh    (only the ctest entries matching this regex)
+#   QUICK=1 tests/mutations/run.sh     (stop at the first failing entry: a verdict, not every catcher)
 #
 # The build goes to SOURCE_ROOT/build/mut (GCC, UI on, benchmarks off). Each planted file is
 # put back byte for byte afterwards (and rebuilt), also when the script is interrupted.
@@ -29,7 +31,10 @@ trap 'restore; exit 130' INT TERM
 build_and_test() {  # prints the failed ctest entries, or a verdict
   if ! nice cmake --build "$build" -j2 >"$build/mut-build.log" 2>&1; then echo "DOES NOT BUILD"; return; fi
   rm -f "$build/Testing/Temporary/LastTestsFailed.log"
-  nice ctest --test-dir "$build" -j2 --timeout 180 >"$build/mut-ctest.log" 2>&1
+  local select=()
+  [ -n "${TESTS:-}" ] && select+=(-R "$TESTS")
+  [ -n "${QUICK:-}" ] && select+=(--stop-on-failure)
+  nice ctest --test-dir "$build" -j2 --timeout 180 "${select[@]}" >"$build/mut-ctest.log" 2>&1
   local failed="$build/Testing/Temporary/LastTestsFailed.log"
   # One entry a line, "N:name"; value-parameterised names carry a "  # GetParam() = ..." tail.
   if [ -s "$failed" ]; then cut -d: -f2- "$failed" | sed 's/  # GetParam().*//' | sort | paste -sd' '; else echo "NOT CAUGHT"; fi
