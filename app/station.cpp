@@ -31,11 +31,7 @@ Station::Station(const StationPlatform& platform)
         const std::string name = std::filesystem::path(setupFile.FileName).filename().string();
         form1.form.Caption = name.empty() ? "Camera Control" : name + " - Camera Control";
     };
-    // Words that need no answer go to the status bar and the line log alike.
-    const auto tell = [this](const std::string& text) {
-        notice.raise(text);
-        line.note(text, {}, 0);
-    };
+    const auto tell = [this](const std::string& text) { this->tell(text); };
     setupFile.Notify = tell;
     cameraTypes.Notify = tell;
     editor.Notify = tell;
@@ -46,6 +42,60 @@ Station::Station(const StationPlatform& platform)
         editor.FuncListDsp();
         editor.DataFuncDsp();
     };
+    wireControls();
+}
+
+// The procedures that handle each button's events.
+void Station::wireControls() {
+    form1.Command1.onClick = [this] { scenes.Command1_Click(); };
+    form1.Command2.onClick = [this] { scenes.Command2_Click(); };
+    form1.Command5.onClick = [this] { scenes.Command5_Click(); };
+    form1.Command6.onClick = [this] { scenes.Command6_Click(); };
+    form1.Command3.onClick = [this] { pages.Command3_Click(); };
+    form1.Command10.onClick = [this] { Command10_Click(); };
+    form1.Command11.onClick = [this] { Command11_Click(); };
+    form1.Command12.onClick = [this] { pages.Command12_Click(); };
+    form1.Command13.onClick = [this] { pages.Command13_Click(); };
+    form1.Command7.onClick = [this] { autoSetup.Command7_Click(); };
+    form1.Command8.onClick = [this] { autoSetup.Command8_Click(); };
+    form1.Command9.onMouseDown = [this] { panel.Command9_MouseDown(); };
+    form1.Command9.onMouseUp = [this] { panel.Command9_MouseUp(); };
+    for (int step = 0; step <= 2; ++step) {
+        form1.SpinButton1(step).onSpinUp = [this, step] { panel.SpinButton1_SpinUp(step); };
+        form1.SpinButton1(step).onSpinDown = [this, step] { panel.SpinButton1_SpinDown(step); };
+    }
+    form1.SpinButton2.onSpinUp = [this] { panel.SpinButton2_SpinUp(); };
+    form1.SpinButton2.onSpinDown = [this] { panel.SpinButton2_SpinDown(); };
+    form4.Command1.onClick = [this] { cameraSet.Command1_Click(); };
+    console.Command1.onClick = [this] { console.Command1_Click(); };
+    console.Command2.onClick = [this] { console.Command2_Click(); };
+}
+
+StationForms Station::forms() {
+    return {form1, form2, form4, form6, console, line.window, line.log, link.Label10, link.Label11, notice};
+}
+
+void Station::assembleLine(PortChoice start, std::function<void(const PortChoice&)> switchPort,
+                           std::function<void(const PortChoice&)> remember) {
+    line.name(std::move(start));
+    line.switchPort = std::move(switchPort);
+    line.remember = std::move(remember);
+}
+
+void Station::copyLineLogTo(std::function<void(const std::string&)> sink) { line.log.sink = std::move(sink); }
+
+void Station::onFileUsed(std::function<void(const std::string&)> used) { setupFile.FileUsed = std::move(used); }
+
+void Station::tell(const std::string& text) {
+    notice.raise(text);
+    line.note(text, {}, 0);
+}
+
+void Station::noteLine(const std::string& text) { line.note(text); }
+
+void Station::showConsole() {
+    console.form.Show();
+    setupFile.CsdSave_Mon(console.List1);
 }
 
 void Station::Form_Load() {

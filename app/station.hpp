@@ -15,6 +15,7 @@
 #include <optional>
 #include <string>
 
+#include "app/tick_table.hpp"
 #include "autosetup/auto_setup.hpp"
 #include "camtype/camera_types.hpp"
 #include "camtype/setting_stores.hpp"
@@ -47,6 +48,23 @@ struct StationPlatform {
     std::filesystem::path definitionFolder = ".";
     // The time of day for the line log and the cameras' last answers.
     std::function<std::chrono::system_clock::time_point()> clock = [] { return std::chrono::system_clock::now(); };
+};
+
+// The window models the desktop program's views draw, handed to them when they are
+// assembled (a test's rig stands where a window would and is handed the same). A view renders
+// these and forwards a gesture to the control it was made on; the controls raise the
+// station's events.
+struct StationForms {
+    Form1& main;            // "Camera Control"
+    Form2& function;        // the Function window
+    Form4& cameraSet;       // the camera type and ID window
+    Form6& autoMessage;     // the auto white / black message
+    Console& console;       // the command console
+    FormWindow& lineLog;    // the line log window
+    LineLog& log;           // and its entries
+    const Label& sendData;  // the last frame sent and received, as the monitor shows them
+    const Label& receiveData;
+    Notice& notice;         // passing words to the operator (the status bar)
 };
 
 class Station : private ReplyDecoders {
@@ -104,8 +122,35 @@ public:
     // Runs one operator action at the error boundary; the runtime's text when it failed.
     std::optional<std::string> act(const std::function<void()>& action);
 
+    StationForms forms();
+
+    // Assembly by the desktop program. None of it changes what the station sends: the port
+    // the line starts on, how a port the operator chooses is switched to and remembered,
+    // where else the line log is written, and who hears of each setup file opened or saved.
+    void assembleLine(PortChoice start, std::function<void(const PortChoice&)> switchPort,
+                      std::function<void(const PortChoice&)> remember);
+    void copyLineLogTo(std::function<void(const std::string&)> sink);
+    void onFileUsed(std::function<void(const std::string&)> used);
+    // Whether the poll reads each reply's checksum byte exactly (Setup, or an option).
+    void readChecksumsExactly(bool on) { link.readChecksumsExactly(on); }
+
+    // Words for the operator that need no answer: the status bar and the line log alike.
+    void tell(const std::string& text);
+    // A line for the line log alone.
+    void noteLine(const std::string& text);
+    // A file opened at start-up that SAVE must not write back to: the title and SAVE forget
+    // its name, so that SAVE asks for one.
+    void forgetFileName() { setupFile.setFileName(""); }
+    // "Command console" in "&Help": the console, listing the setup data as a save would.
+    void showConsole();
+
+private:
+    friend class Actions;
+    friend class StationReadout;
+    friend StationTicks stationTicks(Station& station);  // the timers the clocks drive
+
     std::string BaudStr;
-    Notice notice;  // passing words to the operator (shown in the status bar)
+    Notice notice;
 
     // State, window models and procedures, in dependency order.
     Shared shared;
@@ -127,7 +172,7 @@ public:
     PageTransfer pages;
     CameraSetDialog cameraSet;
 
-private:
+    void wireControls();
     void poll(const std::function<void()>& tick);
     void report(const RuntimeError& error);
     void tellNotConnected();

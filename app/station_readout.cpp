@@ -32,6 +32,8 @@ std::string StationReadout::cameraName(int camera) const {
 StationReadout::Buttons StationReadout::cameraButtons() const { return buttonsOf(station_.form1.Option9); }
 StationReadout::Buttons StationReadout::modeButtons(Mode m) const { return buttonsOf(station_.form1.*modeControl(m).group); }
 int StationReadout::selectedScene() const { return station_.form1.Option7.selected(); }
+bool StationReadout::workingCopyStored() const { return station_.scenes.workingCopyStored(); }
+bool StationReadout::scenePressDropsChanges(int scene) const { return station_.scenes.pressDropsChanges(scene); }
 int StationReadout::selectedMode(Mode m) const { return (station_.form1.*modeControl(m).group).selected(); }
 
 StationReadout::Range StationReadout::levelRange(Level l) const {
@@ -61,11 +63,13 @@ StationReadout::Offered StationReadout::offered() const {
         o.modes.at(i) = kModes.at(i).mode != Mode::Monitor || availability::monitorSelect(form);
     for (std::size_t i = 0; i < kGainSteps.size(); ++i) {
         const int step = static_cast<int>(i);
-        o.gainValues.at(i) = availability::gainStep(station_.panel, step, true) ||
-                             availability::gainStep(station_.panel, step, false);
+        o.gainValues.at(i) = gainStepOffered(step, true) || gainStepOffered(step, false);
     }
     return o;
 }
+
+bool StationReadout::gainStepOffered(int step, bool up) const { return availability::gainStep(station_.panel, step, up); }
+bool StationReadout::panelLive() const { return station_.shared.CtrlReady != 0; }
 
 std::string StationReadout::autoOperation() const { return station_.form6.Label1.Caption; }
 std::string StationReadout::autoResult() const { return station_.form6.Label2.Caption; }
@@ -77,16 +81,30 @@ std::chrono::system_clock::time_point StationReadout::now() const { return stati
 Answer StationReadout::answer(int camera, std::chrono::system_clock::time_point now) const {
     return station_.line.answers.state(camera, now);
 }
+std::optional<std::chrono::system_clock::time_point> StationReadout::lastAnswer(int camera) const {
+    return station_.line.answers.lastAnswer(camera);
+}
+LineCondition StationReadout::lineCondition() const { return station_.line.condition(); }
+const PortChoice& StationReadout::portChoice() const { return station_.line.choice(); }
+std::uint64_t StationReadout::traffic() const { return station_.link.traffic(); }
+int StationReadout::testBytes() const { return station_.link.TestCnt(); }
 int StationReadout::queued() const { return station_.link.queue().SendCnt(); }
+const SendRec& StationReadout::queuedFrame(int index) const { return station_.link.queue().entry(index); }
 bool StationReadout::awaitingAcknowledge() const { return station_.link.AckWait() >= 0; }
 bool StationReadout::awaitingAnswer() const { return station_.link.AnsWait() >= 0; }
+int StationReadout::ackWaitTicks() const { return station_.link.AckWait(); }
+int StationReadout::answerWaitTicks() const { return station_.link.AnsWait(); }
 
 bool StationReadout::handshake() const { return station_.shared.AckMode == 0; }
+bool StationReadout::cameraIdOn() const { return station_.shared.IDMode == 1; }
+bool StationReadout::checksumsReadExactly() const { return station_.link.checksumsReadExactly(); }
+int StationReadout::typeCount() const { return static_cast<int>(val(station_.types.TypeFile(0))); }
 
 std::string StationReadout::fileName() const { return station_.setupFile.FileName; }
+bool StationReadout::modified() const { return station_.setupFile.modified(); }
 
-std::string StationReadout::mainSetting(int field, int camera) const {
-    return station_.stores.MainScnData(field, camera, 0);
+std::string StationReadout::mainSetting(int field, int camera, int scene) const {
+    return station_.stores.MainScnData(field, camera, scene);
 }
 
 std::vector<std::pair<std::string, std::string>> StationReadout::functionSettings(int camera) const {

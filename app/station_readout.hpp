@@ -13,6 +13,8 @@
 #include "app/panel_controls.hpp"
 #include "funcedit/function_items.hpp"
 #include "line/camera_answers.hpp"
+#include "line/line_state.hpp"
+#include "link/send_queue.hpp"
 
 namespace station {
 
@@ -20,7 +22,7 @@ class Station;
 
 class StationReadout {
 public:
-    explicit StationReadout(Station& station) : station_(station) {}
+    explicit StationReadout(const Station& station) : station_(station) {}
 
     bool ended() const;
     // 0 is GROUP.
@@ -41,6 +43,10 @@ public:
     Buttons cameraButtons() const;
     Buttons modeButtons(Mode m) const;
     int selectedScene() const;
+    // Whether the panel's working copy equals the selected scene as stored; whether pressing
+    // scene button `scene` now would drop settings made since it was recalled.
+    bool workingCopyStored() const;
+    bool scenePressDropsChanges(int scene) const;
     int selectedMode(Mode m) const;  // -1 when none is
 
     // A level bar's range (lo <= hi) and where it stands; its number label.
@@ -75,6 +81,10 @@ public:
         std::array<bool, kGainSteps.size()> gainValues{};  // a spin button of LOW, MID, HIGH can be pressed
     };
     Offered offered() const;
+    // One press of a gain step's up or down arrow.
+    bool gainStepOffered(int step, bool up) const;
+    // The panel answers the operator (it is deaf while a redraw sets its controls).
+    bool panelLive() const;
 
     // The auto message: its operation ("" before the first), "Now doing" or the result,
     // and whether the window is up.
@@ -87,23 +97,41 @@ public:
     std::string lineDevice() const;
     std::chrono::system_clock::time_point now() const;
     Answer answer(int camera, std::chrono::system_clock::time_point now) const;
+    std::optional<std::chrono::system_clock::time_point> lastAnswer(int camera) const;
+    LineCondition lineCondition() const;
+    bool connected() const { return lineCondition() == LineCondition::Connected; }
+    const PortChoice& portChoice() const;
+    // Bytes that went over the line so far (a redraw is due when it moved), and the console's
+    // injected bytes.
+    std::uint64_t traffic() const;
+    int testBytes() const;
     // Frames waiting to go out; whether the link waits for an acknowledge or an answer.
     int queued() const;
+    const SendRec& queuedFrame(int index) const;  // 1 is the head
     // The most frames one window gesture can queue at once: "PC to Camera" for the loaded
     // camera type with the most function items (the main page, then one frame per item).
     int largestPageSend() const;
     bool awaitingAcknowledge() const;
     bool awaitingAnswer() const;
+    // The ticks since the frame awaiting its acknowledge or answer went out (-1: none waits).
+    int ackWaitTicks() const;
+    int answerWaitTicks() const;
 
     // Whether frames wait for the camera's acknowledge ("Ack On").
     bool handshake() const;
+    bool cameraIdOn() const;
+    bool checksumsReadExactly() const;
+    // Camera types loaded from the definition folder.
+    int typeCount() const;
 
     std::string fileName() const;
+    // Settings changed since the setup file was opened or saved (the title's "*").
+    bool modified() const;
 
     // The settings kept for a camera: main setting `field` (1..18, the setup file's order) of
     // its working copy, and every function item's value as (item code, value): the working
     // copy's for scene functions, the one value for plain functions.
-    std::string mainSetting(int field, int camera) const;
+    std::string mainSetting(int field, int camera, int scene = 0) const;
     std::vector<std::pair<std::string, std::string>> functionSettings(int camera) const;
 
     // The Function window: the function list, the function shown (-1 for none) and its items.
@@ -117,7 +145,7 @@ public:
     std::string valueText(const FunctionItem& it, const std::string& value) const;
 
 private:
-    Station& station_;  // only read; the editor's lookup of a stored value is not const
+    const Station& station_;
 };
 
 }  // namespace station

@@ -1,16 +1,17 @@
 #include "app/tick_plan.hpp"
 
-#include "app/station.hpp"
+#include "app/station_readout.hpp"
 
 namespace station {
 
 std::optional<std::chrono::system_clock::time_point> nextMarkChange(const Station& station) {
-    const auto now = station.line.now();
+    const StationReadout readout(station);
+    const auto now = readout.now();
     std::optional<std::chrono::system_clock::time_point> next;
     for (int camera = 1; camera <= 8; ++camera) {
-        if (station.line.answers.state(camera, now) != Answer::Answering) continue;
+        if (readout.answer(camera, now) != Answer::Answering) continue;
         // "answering" holds while the last answer is at most kRecent old.
-        const auto change = *station.line.answers.lastAnswer(camera) + CameraAnswers::kRecent +
+        const auto change = *readout.lastAnswer(camera) + CameraAnswers::kRecent +
                             std::chrono::milliseconds(1);
         if (!next || change < *next) next = change;
     }

@@ -24,6 +24,8 @@
 #include <algorithm>
 #include <chrono>
 
+#include "app/actions.hpp"
+#include "app/station_readout.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/studio_line_rig.hpp"
 #include "ui/remote/remote_control.hpp"
@@ -57,7 +59,7 @@ struct Rig {
         while (remote.tcp().clientCount() == 0) QCoreApplication::processEvents();
     }
     void drainQueue() {
-        while (station.link.queue().SendCnt() > 0) station.link.queue().SendBuffShift();
+        Actions(station).dropQueued();
     }
 
     NullPort port;
@@ -97,10 +99,10 @@ void BM_LevelCommandToQueuedFrame(benchmark::State& state) {
     Rig rig;
     bool high = false;
     for (auto _ : state) {
-        const int before = rig.station.link.queue().SendCnt();
+        const int before = StationReadout(rig.station).queued();
         rig.client.write((high = !high) ? "level iris 5\n" : "level iris 6\n");
         rig.client.flush();
-        while (rig.station.link.queue().SendCnt() == before) QCoreApplication::processEvents(QEventLoop::AllEvents);
+        while (StationReadout(rig.station).queued() == before) QCoreApplication::processEvents(QEventLoop::AllEvents);
         state.PauseTiming();
         rig.drainQueue();
         rig.client.readAll();
@@ -163,7 +165,7 @@ void BM_CommandsReachingCamera(benchmark::State& state) {
             accepted += rig.command(QByteArray("level ") + levels[i % 7] + " " + QByteArray::number(i % 180 - 60)) ? 1 : 0;
             rig.line.ticks.run(1ms);
         }
-        rig.line.ticks.runUntil([&] { return rig.line.station.link.queue().SendCnt() == 0; }, 60s);
+        rig.line.ticks.runUntil([&] { return StationReadout(rig.line.station).queued() == 0; }, 60s);
         simSeconds += std::chrono::duration<double>(rig.line.ticks.now() - start).count();
         frames += static_cast<double>(rig.line.stationFrames().size());
     }
@@ -183,7 +185,7 @@ void BM_FaderOnTheLine(benchmark::State& state) {
             refused += rig.command("level mblk " + QByteArray::number(last)) ? 0 : 1;
             rig.line.ticks.run(10ms);
             rig.remote.push();  // as the desktop program does every 40 ms
-            maxQueue = std::max<double>(maxQueue, rig.line.station.link.queue().SendCnt());
+            maxQueue = std::max<double>(maxQueue, StationReadout(rig.line.station).queued());
         }
         const auto stopped = rig.line.ticks.now();
         rig.line.ticks.runUntil([&] {

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/table.hpp"
@@ -44,9 +45,37 @@ struct MenuItem {
     bool Enabled = true;
 };
 
+// A button raises Click; a button that acts while held (CALL) raises MouseDown and MouseUp.
 struct CommandButton {
+    CommandButton(std::string caption = {}) : Caption(std::move(caption)) {}
+
     std::string Caption;
     bool Enabled = true;
+    std::function<void()> onClick;
+    std::function<void()> onMouseDown;
+    std::function<void()> onMouseUp;
+
+    void click() const { raise(onClick); }
+    void mouseDown() const { raise(onMouseDown); }
+    void mouseUp() const { raise(onMouseUp); }
+
+private:
+    static void raise(const std::function<void()>& event) {
+        if (event) event();
+    }
+};
+
+// A pair of arrows: raises SpinUp or SpinDown.
+struct SpinButton {
+    std::function<void()> onSpinUp;
+    std::function<void()> onSpinDown;
+
+    void spinUp() const {
+        if (onSpinUp) onSpinUp();
+    }
+    void spinDown() const {
+        if (onSpinDown) onSpinDown();
+    }
 };
 
 struct FormWindow {

@@ -159,7 +159,7 @@ int run(const ctl::CtlOptions& options) {
     if (!line) session.device = options.port ? *options.port : std::string(std::getenv("CORVANE_PORT"));
 
     // What the station leaves out or changes without a box is said on the error stream.
-    station.notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
+    station.forms().notice.shown = [](const std::string& text) { std::cerr << "corvane-ctl: " << text << "\n"; };
     station.Form_Load();
     if (options.setup) {
         const std::string path = fs::absolute(*options.setup).string();

@@ -37,29 +37,42 @@ int FunctionEditor::slot() const { return toInteger(val(shared_.cams.CamFclNo(sh
 int FunctionEditor::itemCount(int f) const { return count(types_.ItemList(slot(), f, 0), kMaxItems); }
 
 std::string* FunctionEditor::storedValue(const std::string& functionKey, const std::string& code) {
+    const int row = rowOf(functionKey, code);
+    if (row == 0) return nullptr;
     const int cam = shared_.CamNo;
-    if (cam < 1) return nullptr;  // the GROUP position keeps no function values
+    return functionKey == "FS" ? &stores_.FuncScnData(row, cam, 0) : &stores_.FuncData(row, cam);
+}
+
+int FunctionEditor::rowOf(const std::string& functionKey, const std::string& code) const {
+    if (shared_.CamNo < 1) return 0;  // the GROUP position keeps no function values
     const bool scene = functionKey == "FS";
-    if (!scene && functionKey != "F") return nullptr;
+    if (!scene && functionKey != "F") return 0;
     auto key = [&](int r) -> const std::string& { return scene ? stores_.FuncScnData(r, 0, 0) : stores_.FuncData(r, 0); };
     const int rows = count(scene ? stores_.FuncScnData(0, 0, 0) : stores_.FuncData(0, 0), kMaxSettingRows);
     // Rows are found by their code; the row last found for a code is tried first, since a
     // setup file load may have put the rows in another order since.
     auto& known = scene ? sceneRows_ : plainRows_;
-    int row = 0;
-    if (const auto hint = known.find(code); hint != known.end() && hint->second <= rows && key(hint->second) == code) {
-        row = hint->second;
-    } else {
-        for (int r = 1; r <= rows && row == 0; ++r)
-            if (key(r) == code) row = r;
-        if (row == 0) return nullptr;
-        known[code] = row;
-    }
-    return scene ? &stores_.FuncScnData(row, cam, 0) : &stores_.FuncData(row, cam);
+    if (const auto hint = known.find(code); hint != known.end() && hint->second <= rows && key(hint->second) == code)
+        return hint->second;
+    for (int r = 1; r <= rows; ++r)
+        if (key(r) == code) {
+            known[code] = r;
+            return r;
+        }
+    return 0;
 }
 
 std::string* FunctionEditor::stored(int f, const FunctionItem& it) {
     return storedValue(types_.FuncList(slot(), f, 0), it.code());
+}
+
+const std::string* FunctionEditor::stored(int f, const FunctionItem& it) const {
+    const std::string& functionKey = types_.FuncList(slot(), f, 0);
+    const int row = rowOf(functionKey, it.code());
+    if (row == 0) return nullptr;
+    const int cam = shared_.CamNo;
+    const SettingStores& stores = stores_;
+    return functionKey == "FS" ? &stores.FuncScnData(row, cam, 0) : &stores.FuncData(row, cam);
 }
 
 std::string FunctionEditor::valueText(const FunctionItem& item, const std::string& value) const {

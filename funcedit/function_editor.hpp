@@ -80,6 +80,9 @@ public:
     int itemCount(int f) const;
     FunctionItem item(int f, int i) const { return FunctionItem(types_, slot(), f, i); }
     std::string* stored(int f, const FunctionItem& it);
+    const std::string* stored(int f, const FunctionItem& it) const;
+    // The row of the setting stores that keeps `code` (0: none, or GROUP selected).
+    int rowOf(const std::string& functionKey, const std::string& code) const;
 
 private:
     int slot() const;
@@ -107,8 +110,9 @@ private:
         bool operator==(const Built&) const = default;
     } built_;
     // The row of each item code in FuncScnData and FuncData, as last found.
-    std::unordered_map<std::string, int> sceneRows_;
-    std::unordered_map<std::string, int> plainRows_;
+    // Where each code's row was last found: a lookup cache, so kept by const lookups too.
+    mutable std::unordered_map<std::string, int> sceneRows_;
+    mutable std::unordered_map<std::string, int> plainRows_;
     std::unordered_set<std::string> clampTold_;  // "camera code=value" already told
 };
 

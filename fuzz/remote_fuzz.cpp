@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "app/actions.hpp"
 #include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "remote/osc_codec.hpp"
@@ -38,7 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                                : std::string(reinterpret_cast<const char*>(data), size);
     const std::string reply = rig.commands.execute(line);
     if (!reply.empty() && reply.rfind("OK", 0) != 0 && reply.rfind("ERR ", 0) != 0) std::abort();
-    while (rig.station.link.queue().SendCnt() > 0) rig.station.link.queue().SendBuffShift();
+    Actions(rig.station).dropQueued();
     rig.commands.changes();
     return 0;
 }

@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "app/station.hpp"
+#include "app/station_readout.hpp"
 #include "common/messages.hpp"
 #include "setupfile/file_dialogs.hpp"
 #include "sim/line.hpp"
@@ -66,7 +67,7 @@ struct Rig {
         station.Form_Load();
         dialogs.open = (samples / "studio.csd").string();
         station.OPEN_Click();
-        const auto ackOn = [this] { return station.shared.AckMode == 0; };
+        const auto ackOn = [this] { return StationReadout(station).handshake(); };
         ticks.every(40ms, [this] { station.Timer1_Timer(); });
         ticks.every(100ms, [this] { station.Timer2_Timer(); }, ackOn);
         ticks.every(500ms, [this] { station.Timer3_Timer(); }, ackOn);
@@ -78,7 +79,10 @@ struct Rig {
     std::vector<sim::Traffic> run(const std::function<void()>& action) {
         traffic.clear();
         action();
-        ticks.runUntil([this] { return station.link.queue().SendCnt() == 0 && station.link.AckWait() == -1; }, 30s);
+        ticks.runUntil([this] {
+            const StationReadout readout(station);
+            return readout.queued() == 0 && !readout.awaitingAcknowledge();
+        }, 30s);
         ticks.run(4s);  // answers, resends and an auto set-up's result
         return std::move(traffic);
     }
@@ -143,9 +147,9 @@ int main(int argc, char** argv) {
     }
 
     const std::vector<Action> actions{
-        {"read", [](Station& s) { s.pages.READ_Click(); }},
-        {"send", [](Station& s) { s.pages.SEND_Click(); }},
-        {"white", [](Station& s) { s.autoSetup.Command8_Click(); }},
+        {"read", [](Station& s) { s.forms().main.Command12.click(); }},
+        {"send", [](Station& s) { s.forms().main.Command13.click(); }},
+        {"white", [](Station& s) { s.forms().main.Command8.click(); }},
     };
     struct Setting {
         const char* name;
@@ -169,7 +173,7 @@ int main(int argc, char** argv) {
         }
         if (!setting.ackOn) rig.station.ACK_Click(1);
         for (const int camera : setting.cameras) {
-            rig.station.scenes.Option9_Click(camera);
+            rig.station.forms().main.Option9.click(camera);
             for (const Action& action : actions) {
                 const auto traffic = rig.run([&] { action.run(rig.station); });
                 const std::string name = std::string(setting.name) + "_cam" + std::to_string(camera) + "_" + action.name;

@@ -50,6 +50,8 @@ struct Form1 {
     CommandButton Command7{"BLACK"};
     CommandButton Command8{"WHITE"};
     CommandButton Command9{"CALL"};
+    Array<SpinButton> SpinButton1{0, 2};  // trims the gain-step values LOW, MID, HIGH
+    SpinButton SpinButton2;               // steps the filter
     Timer Timer4;               // release of a filter-step pulse
     Integer RelCount = 0;
 

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "app/station.hpp"
+#include "app/station_readout.hpp"
 #include "camtype/definition_folder.hpp"
 #include "common/runtime_error.hpp"
 #include "common/version.hpp"
@@ -117,23 +118,21 @@ int main(int argc, char** argv) {
         std::cerr << "corvane-station: serial port 1 is " << choice.device << "\n";
 
     Station station({port, messages, dialogs, writer, definitions});
-    station.line.name(choice);
-    station.line.switchPort = switchPort;
-    station.line.remember = rememberPort;
+    station.assembleLine(choice, switchPort, rememberPort);
     std::ofstream logFile;
     if (options.logFile) {
         logFile.open(*options.logFile, std::ios::app);
         if (!logFile) return startFailed("cannot open the log file " + options.logFile->string());
-        station.line.log.sink = [&logFile](const std::string& entry) { logFile << entry << std::endl; };
+        station.copyLineLogTo([&logFile](const std::string& entry) { logFile << entry << std::endl; });
     }
     std::function<void()> remoteBeforePoll;  // set once remote control exists
     const std::function<void()> beforePoll = [&line, &station, &remoteBeforePoll] {
-        if (line && station.line.choice().simulated) line->advance();
+        if (line && StationReadout(station).portChoice().simulated) line->advance();
         if (remoteBeforePoll) remoteBeforePoll();
     };
     // Bytes waiting at the port, or, on the built-in line, anything its cameras still do.
     const std::function<bool()> lineBusy = [&line, &station, &port] {
-        if (line && station.line.choice().simulated)
+        if (line && StationReadout(station).portChoice().simulated)
             return line->line().nextActivity().has_value() || line->line().waitingForStation() > 0;
         return port.isOpen() && port.bytesWaiting() > 0;
     };
@@ -153,9 +152,9 @@ int main(int argc, char** argv) {
     } catch (const RuntimeError& e) {
         return startFailed(runtimeErrorText(e));
     }
-    std::cerr << "corvane-station: " << station.types.TypeFile(0) << " camera types from " << definitions.string()
+    std::cerr << "corvane-station: " << StationReadout(station).typeCount() << " camera types from " << definitions.string()
               << "\n";
-    if (line && choice.simulated && station.line.connected()) openStudio(station, dialogs, studio);
+    if (line && choice.simulated && StationReadout(station).connected()) openStudio(station, dialogs, studio);
     // Only now, so that the sample studio does not join the recent files.
     const RememberedSession session(remembered, view, station, dialogs, writer);
     // The session comes back: the setup file last opened or saved, through OPEN as the
@@ -185,7 +184,7 @@ int main(int argc, char** argv) {
         view.mainWindow(), remote, [&settings](bool on) { rememberRemoteOn(settings, on); },
         [&settings](const RemoteSettings& kept) { rememberRemote(settings, kept, kept.enabled); },
         [&settings, &remote](bool on) { rememberWeb(settings, remote.webSettings(), on); });
-    installChecksumMenu(view.mainWindow(), station.link, settings, options.exactChecksum);
+    installChecksumMenu(view.mainWindow(), station, settings, options.exactChecksum);
     // The view goes before the remote control: it no longer tells it of redraws.
     struct Untell {
         std::function<void()>& tell;

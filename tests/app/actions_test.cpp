@@ -8,7 +8,7 @@
 
 #include "app/actions.hpp"
 #include "app/availability.hpp"
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <chrono>
 
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

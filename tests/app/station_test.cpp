@@ -1,7 +1,7 @@
 // Start-up, the setup menu, the version box, shutdown and the error boundary.
 #include <gtest/gtest.h>
 
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

@@ -11,7 +11,7 @@
 #include <vector>
 
 #include "app/tick_plan.hpp"
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

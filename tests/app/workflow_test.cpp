@@ -4,7 +4,7 @@
 
 #include "app/second_press.hpp"
 #include "setupfile/setup_text.hpp"
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "funcedit/function_items.hpp"
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 #include "tests/support/temp_folder.hpp"
 
 namespace station {

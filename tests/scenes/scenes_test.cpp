@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "common/runtime_error.hpp"
-#include "tests/app/station_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {

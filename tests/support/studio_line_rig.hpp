@@ -10,7 +10,9 @@
 #include <string>
 #include <vector>
 
+#include "app/actions.hpp"
 #include "app/station.hpp"
+#include "app/station_readout.hpp"
 #include "common/hex.hpp"
 #include "app/preset_dialogs.hpp"
 #include "sim/line_setup.hpp"
@@ -59,6 +61,9 @@ struct StudioLineRig {
     DiskWriter writer;
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     const StationTicks table = stationTicks(station);
+    const StationForms forms = station.forms();
+    Actions actions{station};
+    const StationReadout readout{station};
     sim::TickDriver ticks{line};
     std::vector<sim::Traffic> traffic;
 };

@@ -28,7 +28,7 @@ Look lookOf(Answer state) {
 
 }  // namespace
 
-AnswerMarks::AnswerMarks(const LineState& line, QWidget& window) : line_(line) {
+AnswerMarks::AnswerMarks(StationReadout readout, QWidget& window) : readout_(readout) {
     for (int camera = 1; camera <= 8; ++camera) {
         auto* button = window.findChild<QAbstractButton*>(QStringLiteral("Option9(%1)").arg(camera));
         if (button == nullptr) continue;
@@ -43,13 +43,13 @@ AnswerMarks::AnswerMarks(const LineState& line, QWidget& window) : line_(line) {
 }
 
 void AnswerMarks::render() {
-    const auto now = line_.now();
+    const auto now = readout_.now();
     for (std::size_t i = 0; i < marks_.size(); ++i) {
         Mark& m = marks_[i];
         const int camera = static_cast<int>(i) + 1;
-        const Answer state = line_.answers.state(camera, now);
+        const Answer state = readout_.answer(camera, now);
         m.label->move(m.button->width() - m.label->width() - 2, 2);
-        const auto last = line_.answers.lastAnswer(camera);
+        const auto last = readout_.lastAnswer(camera);
         if (static_cast<int>(state) == m.shown && last == m.shownLast) continue;
         const QString answer = qs(answerText(camera, state, last));
         m.button->setToolTip(m.tip.isEmpty() ? answer : m.tip + QLatin1Char('\n') + answer);

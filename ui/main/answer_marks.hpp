@@ -9,7 +9,7 @@
 #include <optional>
 #include <vector>
 
-#include "line/line_state.hpp"
+#include "app/station_readout.hpp"
 
 class QAbstractButton;
 class QLabel;
@@ -20,7 +20,7 @@ namespace station::ui {
 class AnswerMarks {
 public:
     // Finds camera buttons 1..8 ("Option9(1)" ..) among `window`'s children.
-    AnswerMarks(const LineState& line, QWidget& window);
+    AnswerMarks(StationReadout readout, QWidget& window);
     void render();
 
 private:
@@ -29,9 +29,9 @@ private:
         QLabel* label;
         QString tip;  // the button's own tooltip, which the answer state follows
         int shown = -1;  // the state last drawn, and the answer time in its tooltip
-        std::optional<LineState::Clock::time_point> shownLast;
+        std::optional<std::chrono::system_clock::time_point> shownLast;
     };
-    const LineState& line_;
+    const StationReadout readout_;
     std::vector<Mark> marks_;
 };
 

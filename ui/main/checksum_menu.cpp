@@ -8,7 +8,8 @@
 #include <QSettings>
 #include <QStatusBar>
 
-#include "link/link.hpp"
+#include "app/station.hpp"
+#include "app/station_readout.hpp"
 
 namespace station::ui {
 
@@ -24,21 +25,21 @@ QMenu* setupMenu(QMenuBar& bar) {
 
 }  // namespace
 
-void installChecksumMenu(QMainWindow& window, Link& link, QSettings& store, bool forRun) {
-    link.readChecksumsExactly(forRun || store.value(kKey, false).toBool());
+void installChecksumMenu(QMainWindow& window, Station& station, QSettings& store, bool forRun) {
+    station.readChecksumsExactly(forRun || store.value(kKey, false).toBool());
     QMenu* menu = setupMenu(*window.menuBar());
     auto* entry = menu->addAction(QStringLiteral("Read every checksum exactly"));
     entry->setObjectName(QStringLiteral("exactChecksum"));
     entry->setCheckable(true);
-    entry->setChecked(link.checksumsReadExactly());
+    entry->setChecked(StationReadout(station).checksumsReadExactly());
     entry->setStatusTip(QStringLiteral("Accept every camera reply whose checksum matches, also those the "
                                        "station's own reading turns down"));
     auto* note = new QLabel(QStringLiteral("Exact checksums"), &window);
     note->setObjectName(QStringLiteral("exactChecksumStatus"));
     window.statusBar()->addPermanentWidget(note);
-    note->setVisible(link.checksumsReadExactly());
-    QObject::connect(entry, &QAction::toggled, &window, [&link, &store, note](bool on) {
-        link.readChecksumsExactly(on);
+    note->setVisible(StationReadout(station).checksumsReadExactly());
+    QObject::connect(entry, &QAction::toggled, &window, [&station, &store, note](bool on) {
+        station.readChecksumsExactly(on);
         store.setValue(kKey, on);
         note->setVisible(on);
     });

@@ -8,12 +8,12 @@ class QMainWindow;
 class QSettings;
 
 namespace station {
-class Link;
+class Station;
 }
 
 namespace station::ui {
 
 // `forRun`: on for this run whatever is kept.
-void installChecksumMenu(QMainWindow& window, Link& link, QSettings& store, bool forRun);
+void installChecksumMenu(QMainWindow& window, Station& station, QSettings& store, bool forRun);
 
 }  // namespace station::ui

@@ -18,15 +18,15 @@ QAction* gestureAction(QObject& owner, const QString& text, const char* name, co
 }  // namespace
 
 GestureActions::GestureActions(Station& station, const Forward& forward, QObject& owner)
-    : form_(station.form1),
+    : form_(station.forms().main),
       open_(gestureAction(owner, QStringLiteral("OPEN"), "open", forward, [s = &station] { s->OPEN_Click(); })),
       save_(gestureAction(owner, QStringLiteral("SAVE"), "save", forward, [s = &station] { s->SAVE_Click(); })),
       send_(gestureAction(owner, QStringLiteral("&PC to Camera"), "sendPage", forward,
-                          [s = &station] { s->pages.Command13_Click(); })),
+                          [f = &form_] { f->Command13.click(); })),
       // No mnemonic: it replaces the working copy with the camera's values, so no slip of
       // Alt+letter may run it (Alt+C opens the "&Camera" menu). F10 and the arrows reach it.
       read_(gestureAction(owner, QStringLiteral("Camera to PC"), "readPage", forward,
-                          [s = &station] { s->pages.Command12_Click(); })) {
+                          [f = &form_] { f->Command12.click(); })) {
     render();
 }
 

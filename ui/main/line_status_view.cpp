@@ -1,5 +1,6 @@
 #include "ui/main/line_status_view.hpp"
 
+#include "app/station_readout.hpp"
 #include "ui/widgets/render.hpp"
 
 namespace station::ui {
@@ -16,7 +17,7 @@ void LineStatusView::render() {
         setText(text);
         setToolTip(text);  // whole, where a narrow window cuts the label
     }
-    const LineCondition now = station_.line.condition();
+    const LineCondition now = StationReadout(station_).lineCondition();
     if (now == shown_) return;
     // A line that is not connected stands out; a connected one looks like any status text.
     setStyleSheet(now == LineCondition::Connected ? QString() : QStringLiteral("color: #b35c00; font-weight: bold;"));

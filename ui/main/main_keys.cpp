@@ -31,9 +31,9 @@ std::vector<QWidget*> controlsOf(QWidget& region) {
 
 }  // namespace
 
-MainKeys::MainKeys(Form1& form, const CameraScenes& scenes, const Forward& forward, QMainWindow& window,
+MainKeys::MainKeys(Form1& form, StationReadout readout, const Forward& forward, QMainWindow& window,
                    MainMenus& menus, std::function<void(const QString&)> say)
-    : form_(form), scenes_(scenes), say_(std::move(say)) {
+    : form_(form), readout_(readout), say_(std::move(say)) {
     clock_.start();
     bind(menus.action(QStringLiteral("OPEN")), QKeySequence(QStringLiteral("Ctrl+O")));
     bind(menus.action(QStringLiteral("SAVE")), QKeySequence(QStringLiteral("Ctrl+S")));
@@ -65,7 +65,7 @@ MainKeys::MainKeys(Form1& form, const CameraScenes& scenes, const Forward& forwa
 }
 
 void MainKeys::press(int index, const Forward& forward) {
-    if (presses_.chooses(index, scenes_.pressDropsChanges(index), clock_.elapsed())) {
+    if (presses_.chooses(index, readout_.scenePressDropsChanges(index), clock_.elapsed())) {
         forward([f = &form_, index] { f->Option9.click(index); });
         return;
     }

@@ -14,7 +14,7 @@
 
 #include "app/second_press.hpp"
 #include "panel/form1.hpp"
-#include "scenes/camera_scenes.hpp"
+#include "app/station_readout.hpp"
 #include "ui/widgets/render.hpp"
 
 class QAction;
@@ -28,7 +28,7 @@ class MainMenus;
 class MainKeys {
 public:
     // `say` puts a short word in the status bar.
-    MainKeys(Form1& form, const CameraScenes& scenes, const Forward& forward, QMainWindow& window, MainMenus& menus,
+    MainKeys(Form1& form, StationReadout readout, const Forward& forward, QMainWindow& window, MainMenus& menus,
              std::function<void(const QString&)> say);
     void render();
 
@@ -39,7 +39,7 @@ private:
     void press(int index, const Forward& forward);
 
     Form1& form_;
-    const CameraScenes& scenes_;
+    const StationReadout readout_;
     std::function<void(const QString&)> say_;
     std::array<QAction*, 9> cameras_{};
     SecondPress presses_;

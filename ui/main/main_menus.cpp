@@ -51,7 +51,7 @@ MainMenus::MainMenus(Station& station, const GestureActions& actions, const Forw
         speeds->addAction(speed_[i] = entry(setup, QString(), forward, [s, i] { s->Speed_Click(i); }, true));
     setup->addSeparator();
     port_ = std::make_unique<PortMenu>(station, forward, *setup);
-    entry(setup, QStringLiteral("Line log"), forward, [s] { s->line.window.Show(); });
+    entry(setup, QStringLiteral("Line log"), forward, [w = &station.forms().lineLog] { w->Show(); });
 
     bar.addAction(&actions.sendPage());
     bar.addAction(&actions.readPage());
@@ -60,17 +60,14 @@ MainMenus::MainMenus(Station& station, const GestureActions& actions, const Forw
     version_ = entry(help, QString(), forward, [s] { s->HELP_Click(); });
     help->addSeparator();
     // The console lists the setup data as a save would write it, beside its frame input.
-    entry(help, QStringLiteral("Command console"), forward, [s] {
-        s->console.form.Show();
-        s->setupFile.CsdSave_Mon(s->console.List1);
-    });
+    entry(help, QStringLiteral("Command console"), forward, [s] { s->showConsole(); });
     render();
 }
 
 MainMenus::~MainMenus() = default;
 
 void MainMenus::render() {
-    Form1& form = station_.form1;
+    const Form1& form = station_.forms().main;
     showEntry(*idOn_, form.IDcont);
     for (int i = 0; i < 2; ++i) {
         showEntry(*ack_[i], form.ACK(i));

@@ -41,17 +41,18 @@ public:
 }  // namespace
 
 MainWindow::MainWindow(Station& station, Forward forward)
-    : station_(station), forward_(std::move(forward)) {
+    : station_(station), forms_(station.forms()), readout_(station), forward_(std::move(forward)) {
     setObjectName(QStringLiteral("Form1"));
+    Form1& form = forms_.main;
     gestures_ = std::make_unique<GestureActions>(station, forward_, *this);
     auto* central = new QWidget(this);
-    cameras_ = new CameraSelectView(station.form1, forward_, central);
-    scenes_ = new SceneView(station, forward_, central);
-    transfer_ = new TransferView(station, *gestures_, forward_, central);
-    modes_ = new ModeView(station.form1, station.panel, forward_, central);
-    levels_ = new LevelsView(station.form1, forward_, central);
-    extras_ = new FilterTallyView(station, forward_, central);
-    monitor_ = new MonitorView(station.link, station.form1, central);
+    cameras_ = new CameraSelectView(form, forward_, central);
+    scenes_ = new SceneView(form, readout_, forward_, central);
+    transfer_ = new TransferView(form, *gestures_, forward_, central);
+    modes_ = new ModeView(form, readout_, forward_, central);
+    levels_ = new LevelsView(form, forward_, central);
+    extras_ = new FilterTallyView(form, forward_, central);
+    monitor_ = new MonitorView(forms_, central);
 
     auto* left = new QVBoxLayout;
     left->addWidget(scenes_);
@@ -92,7 +93,7 @@ MainWindow::MainWindow(Station& station, Forward forward)
 
     menus_ = std::make_unique<MainMenus>(station, *gestures_, forward_, *menuBar());
     notices_ = new NoticeQueue(*this);
-    keys_ = std::make_unique<MainKeys>(station.form1, station.scenes, forward_, *this, *menus_,
+    keys_ = std::make_unique<MainKeys>(form, readout_, forward_, *this, *menus_,
                                        [n = notices_](const QString& text) { n->sayNow(text, 2000); });
     std::vector<QWidget*> reading{cameras_, scenes_, transfer_};
     for (QWidget* group : gridOrder(*modes_)) reading.push_back(group);
@@ -109,9 +110,9 @@ MainWindow::MainWindow(Station& station, Forward forward)
     panelState_->setStyleSheet(QStringLiteral("font-weight: bold;"));
     statusBar()->addPermanentWidget(panelState_);
     // Words raised before the window was there come first, in their order.
-    for (const std::string& text : station.notice.takeWaiting()) notices_->add(fileText(text));
-    station.notice.shown = [n = notices_](const std::string& text) { n->add(fileText(text)); };
-    answers_ = std::make_unique<AnswerMarks>(station.line, *cameras_);
+    for (const std::string& text : forms_.notice.takeWaiting()) notices_->add(fileText(text));
+    forms_.notice.shown = [n = notices_](const std::string& text) { n->add(fileText(text)); };
+    answers_ = std::make_unique<AnswerMarks>(readout_, *cameras_);
     render();
     // Qt's first size for a window is at most two thirds of the screen: the whole panel where
     // the screen has room for it, else the screen less room for the title bar (the panel
@@ -120,16 +121,16 @@ MainWindow::MainWindow(Station& station, Forward forward)
         resize(sizeHint().boundedTo(shown->availableGeometry().size() - QSize(0, 40)));
 }
 
-MainWindow::~MainWindow() { station_.notice.shown = nullptr; }
+MainWindow::~MainWindow() { forms_.notice.shown = nullptr; }
 
 void MainWindow::render() {
     // "*" before the title while SAVE would write other bytes than the file holds: quitting
     // does not ask, so the title is the operator's warning. Changes not stored into a scene
     // are in no file; they are marked on the scene button and here in the status bar.
-    showWindow(*this, station_.form1.form, station_.setupFile.modified() ? QStringLiteral("*") : QString());
+    showWindow(*this, forms_.main.form, readout_.modified() ? QStringLiteral("*") : QString());
     QStringList state;
-    if (station_.shared.CamNo == 0) state << QStringLiteral("GROUP: every camera");
-    if (!station_.scenes.workingCopyStored()) state << QStringLiteral("not stored");
+    if (readout_.selectedCamera() == 0) state << QStringLiteral("GROUP: every camera");
+    if (!readout_.workingCopyStored()) state << QStringLiteral("not stored");
     const QString stateText = state.join(QStringLiteral(" \u00b7 "));
     if (panelState_->text() != stateText) panelState_->setText(stateText);
     cameras_->render();

@@ -41,6 +41,8 @@ protected:
 
 private:
     Station& station_;
+    const StationForms forms_;
+    const StationReadout readout_;
     Forward forward_;
     std::unique_ptr<GestureActions> gestures_;  // before the buttons and menus that share them
     CameraSelectView* cameras_;

@@ -1,5 +1,7 @@
 #include "ui/main/station_view.hpp"
 
+#include "app/station_readout.hpp"
+
 #include "ui/windows/auto_message_window.hpp"
 #include "ui/windows/camera_set_window.hpp"
 #include "ui/windows/console_window.hpp"
@@ -15,11 +17,12 @@ StationView::StationView(Station& station, ModalPause& modal, std::function<void
       timers_(station, [this] { afterTick(); }, std::move(beforePoll), std::move(lineBusy)) {
     const Forward forward = [this](const Gesture& gesture) { this->forward(gesture); };
     main_ = std::make_unique<MainWindow>(station, forward);
-    cameraSet_ = std::make_unique<CameraSetWindow>(station, forward, main_.get());
-    function_ = std::make_unique<FunctionWindow>(station, forward, main_.get());
-    autoMessage_ = std::make_unique<AutoMessageWindow>(station, forward, main_.get());
-    console_ = std::make_unique<ConsoleWindow>(station, forward, main_.get());
-    lineLog_ = std::make_unique<LineLogWindow>(station, forward, main_.get());
+    const StationForms forms = station.forms();
+    cameraSet_ = std::make_unique<CameraSetWindow>(forms, forward, main_.get());
+    function_ = std::make_unique<FunctionWindow>(forms, forward, main_.get());
+    autoMessage_ = std::make_unique<AutoMessageWindow>(forms, forward, main_.get());
+    console_ = std::make_unique<ConsoleWindow>(forms, forward, main_.get());
+    lineLog_ = std::make_unique<LineLogWindow>(forms, forward, main_.get());
     modal_.onEnter = [this] { timers_.pause(); };
     modal_.onLeave = [this] { timers_.resume(); };
     refresh();
@@ -57,22 +60,22 @@ void StationView::refresh() {
 }
 
 StationView::TickState StationView::tickState() const {
-    const Link& link = station_.link;
-    const LineState& line = station_.line;
+    const StationReadout readout(station_);
+    const StationForms forms = station_.forms();
     TickState state;
-    state.traffic = link.traffic();
-    state.queued = link.queue().SendCnt();
-    state.ackWait = link.AckWait();
-    state.answerWait = link.AnsWait();
-    state.testBytes = link.TestCnt();
-    state.fault = station_.form1.faultLine.Caption;
-    state.autoMessage = station_.form6.form.Visible;
-    state.autoStatus = station_.form6.Label2.Caption;
-    state.line = line.stateText();
-    state.logRevision = line.log.revision();
-    const auto now = line.now();
+    state.traffic = readout.traffic();
+    state.queued = readout.queued();
+    state.ackWait = readout.ackWaitTicks();
+    state.answerWait = readout.answerWaitTicks();
+    state.testBytes = readout.testBytes();
+    state.fault = forms.main.faultLine.Caption;
+    state.autoMessage = readout.autoShown();
+    state.autoStatus = readout.autoResult();
+    state.line = readout.lineState();
+    state.logRevision = forms.log.revision();
+    const auto now = readout.now();
     for (int camera = 1; camera <= 8; ++camera)
-        state.answers.at(static_cast<std::size_t>(camera - 1)) = static_cast<int>(line.answers.state(camera, now));
+        state.answers.at(static_cast<std::size_t>(camera - 1)) = static_cast<int>(readout.answer(camera, now));
     return state;
 }
 

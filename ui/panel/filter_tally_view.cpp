@@ -56,20 +56,19 @@ QToolButton* spinButton(QWidget* parent, const char* name, Qt::ArrowType arrow, 
 
 }  // namespace
 
-FilterTallyView::FilterTallyView(Station& station, const Forward& forward, QWidget* parent)
-    : QWidget(parent), form_(station.form1), filter_(new QGroupBox(this)),
+FilterTallyView::FilterTallyView(Form1& form, const Forward& forward, QWidget* parent)
+    : QWidget(parent), form_(form), filter_(new QGroupBox(this)),
       filterLabel_(sunkenLabel(filter_, "Label16")),
       up_(spinButton(filter_, "SpinButton2.up", Qt::UpArrow, forward,
-                     [s = &station] { s->panel.SpinButton2_SpinUp(); })),
+                     [f = &form] { f->SpinButton2.spinUp(); })),
       down_(spinButton(filter_, "SpinButton2.down", Qt::DownArrow, forward,
-                       [s = &station] { s->panel.SpinButton2_SpinDown(); })),
+                       [f = &form] { f->SpinButton2.spinDown(); })),
       tally_(new QGroupBox(this)), lamp_(sunkenLabel(tally_, "Label15")),
       call_(new CallButton(
-          tally_, forward, [s = &station] { s->panel.Command9_MouseDown(); },
-          [s = &station] { s->panel.Command9_MouseUp(); })),
+          tally_, forward, [f = &form] { f->Command9.mouseDown(); }, [f = &form] { f->Command9.mouseUp(); })),
       auto_(new QGroupBox(this)),
-      white_(commandButton(auto_, "Command8", forward, [s = &station] { s->autoSetup.Command8_Click(); })),
-      black_(commandButton(auto_, "Command7", forward, [s = &station] { s->autoSetup.Command7_Click(); })) {
+      white_(commandButton(auto_, "Command8", forward, [f = &form] { f->Command8.click(); })),
+      black_(commandButton(auto_, "Command7", forward, [f = &form] { f->Command7.click(); })) {
     filter_->setObjectName(QStringLiteral("Frame17"));
     tally_->setObjectName(QStringLiteral("Frame19"));
     auto_->setObjectName(QStringLiteral("Frame15"));

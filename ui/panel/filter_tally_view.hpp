@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-#include "app/station.hpp"
+#include "panel/form1.hpp"
 #include "ui/widgets/render.hpp"
 
 class QGroupBox;
@@ -17,7 +17,7 @@ namespace station::ui {
 
 class FilterTallyView : public QWidget {
 public:
-    FilterTallyView(Station& station, const Forward& forward, QWidget* parent);
+    FilterTallyView(Form1& form, const Forward& forward, QWidget* parent);
     void render();
 
 private:

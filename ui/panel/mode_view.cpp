@@ -6,7 +6,6 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "app/availability.hpp"
 
 namespace station::ui {
 
@@ -29,7 +28,7 @@ void layOut(QGroupBox* box, OptionButtons& buttons, const OptionGroup& group, in
 }
 
 // SpinButton1(index): an up and a down arrow that trim one gain-step value.
-QWidget* gainSpin(int index, MainPanel& panel, const Forward& forward, QWidget* parent) {
+QWidget* gainSpin(const SpinButton& spin, int index, const Forward& forward, QWidget* parent) {
     auto* pair = new QWidget(parent);
     pair->setObjectName(QStringLiteral("SpinButton1(%1)").arg(index));
     auto* column = new QVBoxLayout(pair);
@@ -45,9 +44,8 @@ QWidget* gainSpin(int index, MainPanel& panel, const Forward& forward, QWidget* 
         button->setToolTip(QStringLiteral("%1 the %2 gain value and send it to the camera")
                                .arg(up ? QStringLiteral("Raise") : QStringLiteral("Lower"),
                                     QString::fromLatin1(step[index])));
-        MainPanel* p = &panel;
-        QObject::connect(button, &QToolButton::clicked, [p, forward, index, up] {
-            forward([p, index, up] { up ? p->SpinButton1_SpinUp(index) : p->SpinButton1_SpinDown(index); });
+        QObject::connect(button, &QToolButton::clicked, [s = &spin, forward, up] {
+            forward([s, up] { up ? s->spinUp() : s->spinDown(); });
         });
         column->addWidget(button);
     }
@@ -56,8 +54,8 @@ QWidget* gainSpin(int index, MainPanel& panel, const Forward& forward, QWidget* 
 
 }  // namespace
 
-ModeView::ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidget* parent)
-    : QWidget(parent), form_(form), panel_(panel) {
+ModeView::ModeView(Form1& form, StationReadout readout, const Forward& forward, QWidget* parent)
+    : QWidget(parent), form_(form), readout_(readout) {
     auto make = [&](OptionGroup& group, const char* name, QWidget* box) {
         OptionGroup* g = &group;
         return std::make_unique<OptionButtons>(group, name, OptionButtons::Look::Radio, box,
@@ -102,7 +100,7 @@ ModeView::ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidge
         step->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         gainSteps_.at(static_cast<std::size_t>(i)) = step;
         gainGrid->addWidget(step, i, 1);
-        gainSpins_.at(static_cast<std::size_t>(i)) = gainSpin(i, panel, forward, gain);
+        gainSpins_.at(static_cast<std::size_t>(i)) = gainSpin(form.SpinButton1(i), i, forward, gain);
         gainGrid->addWidget(gainSpins_.at(static_cast<std::size_t>(i)), i, 2);
     }
     grid->addWidget(gain, 1, 0);
@@ -125,8 +123,8 @@ void ModeView::render() {
         // An arrow is greyed for a step the camera's gain type keeps fixed and at its step's
         // limit; a step with neither arrow has nothing to trim.
         QWidget& spin = *gainSpins_.at(static_cast<std::size_t>(i));
-        const bool up = availability::gainStep(panel_, i, true);
-        const bool down = availability::gainStep(panel_, i, false);
+        const bool up = readout_.gainStepOffered(i, true);
+        const bool down = readout_.gainStepOffered(i, false);
         if (spin.isEnabled() != (up || down)) spin.setEnabled(up || down);
         for (const bool upArrow : {true, false}) {
             QWidget& arrow = *spin.findChild<QWidget*>(QString::fromLatin1(upArrow ? "up" : "down"));

@@ -9,7 +9,7 @@
 #include <memory>
 
 #include "panel/form1.hpp"
-#include "panel/main_panel.hpp"
+#include "app/station_readout.hpp"
 #include "ui/widgets/option_buttons.hpp"
 #include "ui/widgets/render.hpp"
 
@@ -21,12 +21,12 @@ namespace station::ui {
 
 class ModeView : public QWidget {
 public:
-    ModeView(Form1& form, MainPanel& panel, const Forward& forward, QWidget* parent);
+    ModeView(Form1& form, StationReadout readout, const Forward& forward, QWidget* parent);
     void render();
 
 private:
     Form1& form_;
-    MainPanel& panel_;
+    const StationReadout readout_;
     std::array<std::unique_ptr<OptionButtons>, 7> groups_;
     std::array<QLabel*, 3> gainSteps_{};
     std::array<QWidget*, 3> gainSpins_{};  // SpinButton1(0..2): up and down

@@ -24,8 +24,9 @@ QLabel* trafficLabel(QWidget* parent, const char* name) {
 
 }  // namespace
 
-MonitorView::MonitorView(Link& link, Form1& form, QWidget* parent)
-    : QGroupBox(QStringLiteral("LINE"), parent), link_(link), form_(form), sent_(trafficLabel(this, "Label10")),
+MonitorView::MonitorView(const StationForms& forms, QWidget* parent)
+    : QGroupBox(QStringLiteral("LINE"), parent), sendData_(forms.sendData), receiveData_(forms.receiveData),
+      form_(forms.main), sent_(trafficLabel(this, "Label10")),
       received_(trafficLabel(this, "Label11")), fault_(new QLabel(this)) {
     fault_->setObjectName(QStringLiteral("faultLine"));
     fault_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -44,8 +45,8 @@ MonitorView::MonitorView(Link& link, Form1& form, QWidget* parent)
 }
 
 void MonitorView::render() {
-    showLabel(*sent_, link_.Label10);
-    showLabel(*received_, link_.Label11);
+    showLabel(*sent_, sendData_);
+    showLabel(*received_, receiveData_);
     showLabel(*fault_, form_.faultLine);
     const bool fault = !form_.faultLine.Caption.empty();
     if (fault_->isHidden() == fault) fault_->setVisible(fault);

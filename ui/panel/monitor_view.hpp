@@ -4,8 +4,7 @@
 
 #include <QGroupBox>
 
-#include "link/link.hpp"
-#include "panel/form1.hpp"
+#include "app/station.hpp"
 
 class QLabel;
 
@@ -13,11 +12,12 @@ namespace station::ui {
 
 class MonitorView : public QGroupBox {
 public:
-    MonitorView(Link& link, Form1& form, QWidget* parent);
+    MonitorView(const StationForms& forms, QWidget* parent);
     void render();
 
 private:
-    Link& link_;
+    const Label& sendData_;
+    const Label& receiveData_;
     Form1& form_;
     QLabel* sent_;
     QLabel* received_;

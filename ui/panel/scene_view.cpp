@@ -31,19 +31,19 @@ protected:
 
 }  // namespace
 
-SceneView::SceneView(Station& station, const Forward& forward, QWidget* parent)
-    : QGroupBox(QStringLiteral("SCENE"), parent), form_(station.form1), shared_(station.shared), logic_(station.scenes),
-      scenes_(station.form1.Option7, "Option7", OptionButtons::Look::Push, this,
-              [f = &station.form1, forward](int i) { forward([f, i] { f->Option7.click(i); }); }),
+SceneView::SceneView(Form1& form, StationReadout readout, const Forward& forward, QWidget* parent)
+    : QGroupBox(QStringLiteral("SCENE"), parent), form_(form), readout_(readout),
+      scenes_(form.Option7, "Option7", OptionButtons::Look::Push, this,
+              [f = &form, forward](int i) { forward([f, i] { f->Option7.click(i); }); }),
       store_(new QCheckBox(this)),
-      clear_(commandButton(this, "Command2", forward, [s = &station] { s->scenes.Command2_Click(); })),
-      preset_(commandButton(this, "Command1", forward, [s = &station] { s->scenes.Command1_Click(); })),
-      func_(commandButton(this, "Command5", forward, [s = &station] { s->scenes.Command5_Click(); })),
-      lens_(commandButton(this, "Command6", forward, [s = &station] { s->scenes.Command6_Click(); })),
+      clear_(commandButton(this, "Command2", forward, [f = &form] { f->Command2.click(); })),
+      preset_(commandButton(this, "Command1", forward, [f = &form] { f->Command1.click(); })),
+      func_(commandButton(this, "Command5", forward, [f = &form] { f->Command5.click(); })),
+      lens_(commandButton(this, "Command6", forward, [f = &form] { f->Command6.click(); })),
       mark_(new NotStoredMark(this)) {
     setObjectName(QStringLiteral("scenes"));
     store_->setObjectName(QStringLiteral("ScnStore"));
-    QObject::connect(store_, &QCheckBox::clicked, [f = &station.form1, forward] {
+    QObject::connect(store_, &QCheckBox::clicked, [f = &form, forward] {
         forward([f] { f->ScnStore.setValue(f->ScnStore.value() == 1 ? 0 : 1); });
     });
 
@@ -72,8 +72,8 @@ void SceneView::render() {
 }
 
 void SceneView::renderMark() {
-    const int scene = shared_.ScnNo(shared_.CamNo);
-    const bool show = scene >= 1 && scene <= 4 && !logic_.workingCopyStored();
+    const int scene = readout_.sceneOf(readout_.selectedCamera());
+    const bool show = scene >= 1 && scene <= 4 && !readout_.workingCopyStored();
     if (show) {
         QAbstractButton& button = scenes_.button(scene);
         if (mark_->parentWidget() != &button) {

@@ -6,7 +6,8 @@
 
 #include <QGroupBox>
 
-#include "app/station.hpp"
+#include "app/station_readout.hpp"
+#include "panel/form1.hpp"
 #include "ui/widgets/option_buttons.hpp"
 #include "ui/widgets/render.hpp"
 
@@ -17,15 +18,14 @@ namespace station::ui {
 
 class SceneView : public QGroupBox {
 public:
-    SceneView(Station& station, const Forward& forward, QWidget* parent);
+    SceneView(Form1& form, StationReadout readout, const Forward& forward, QWidget* parent);
     void render();
 
 private:
     void renderMark();
 
     Form1& form_;
-    const Shared& shared_;
-    const CameraScenes& logic_;
+    const StationReadout readout_;
     OptionButtons scenes_;
     QCheckBox* store_;
     QPushButton* clear_;

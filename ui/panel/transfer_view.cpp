@@ -16,13 +16,13 @@ QPushButton* actionButton(QWidget* parent, const char* name, QAction& action) {
 
 }  // namespace
 
-TransferView::TransferView(Station& station, const GestureActions& actions, const Forward& forward, QWidget* parent)
-    : QGroupBox(QStringLiteral("PAGE"), parent), form_(station.form1),
+TransferView::TransferView(Form1& form, const GestureActions& actions, const Forward& forward, QWidget* parent)
+    : QGroupBox(QStringLiteral("PAGE"), parent), form_(form),
       open_(actionButton(this, "Command10", actions.open())),
       save_(actionButton(this, "Command11", actions.save())),
       read_(actionButton(this, "Command12", actions.readPage())),
       send_(actionButton(this, "Command13", actions.sendPage())),
-      page_(commandButton(this, "Command3", forward, [s = &station] { s->pages.Command3_Click(); })) {
+      page_(commandButton(this, "Command3", forward, [f = &form] { f->Command3.click(); })) {
     setObjectName(QStringLiteral("transfer"));
     auto* grid = new QGridLayout(this);
     grid->setSpacing(4);

@@ -6,7 +6,7 @@
 
 #include <QGroupBox>
 
-#include "app/station.hpp"
+#include "panel/form1.hpp"
 #include "ui/main/gesture_actions.hpp"
 #include "ui/widgets/render.hpp"
 
@@ -16,7 +16,7 @@ namespace station::ui {
 
 class TransferView : public QGroupBox {
 public:
-    TransferView(Station& station, const GestureActions& actions, const Forward& forward, QWidget* parent);
+    TransferView(Form1& form, const GestureActions& actions, const Forward& forward, QWidget* parent);
     void render();
 
 private:

@@ -87,9 +87,9 @@ RemoteControl::RemoteControl(Station& station, PresetDialogs& dialogs, RemoteSet
     commands_.held = screen.held;
     commands_.afterGesture = [this] { dirty_ = true; };
     gate_.setPasscode(settings_.passcode);
-    gate_.log = [this](const std::string& text) { station_.line.note(text); };
+    gate_.log = [this](const std::string& text) { station_.noteLine(text); };
     osc_.onDropped = [this](std::uint64_t more) {
-        station_.line.note("remote: the system dropped " + std::to_string(more) +
+        station_.noteLine("remote: the system dropped " + std::to_string(more) +
                            " OSC messages that came faster than they could be read");
     };
     // "get remote": who is connected, and OSC messages the system dropped before they were read.

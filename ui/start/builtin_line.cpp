@@ -25,8 +25,7 @@ bool openNamedFile(Station& station, PresetDialogs& dialogs, const std::filesyst
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec)) {
         const std::string text = file.string() + " was not found; it is taken off the recent files";
-        station.notice.raise(text);
-        station.line.note(text, {}, 0);  // the status bar's words are all in the line log too
+        station.tell(text);
         return false;
     }
     dialogs.answerNextOpen(file.string());
@@ -37,7 +36,7 @@ bool openNamedFile(Station& station, PresetDialogs& dialogs, const std::filesyst
 void openStudio(Station& station, PresetDialogs& dialogs, const std::filesystem::path& studioFile) {
     dialogs.answerNextOpen(studioFile.string());
     station.OPEN_Click();
-    station.setupFile.setFileName("");
+    station.forgetFileName();
 }
 
 }  // namespace station::ui

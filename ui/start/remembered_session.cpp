@@ -26,11 +26,11 @@ RememberedSession::RememberedSession(RememberedSettings& settings, StationView& 
           });
       }) {
     for (const std::string& file : settings.recentFiles()) removeStaleSaving(writer, file);
-    station.setupFile.FileUsed = [&settings](const std::string& path) { settings.fileUsed(path); };
+    station.onFileUsed([&settings](const std::string& path) { settings.fileUsed(path); });
 }
 
 RememberedSession::~RememberedSession() {
-    station_.setupFile.FileUsed = nullptr;
+    station_.onFileUsed(nullptr);
     places_.rememberOpenWindows();
 }
 

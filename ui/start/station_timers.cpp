@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <exception>
 
+#include "app/station_readout.hpp"
+
 namespace station::ui {
 
 StationTimers::StationTimers(Station& station, std::function<void()> afterTick, std::function<void()> beforePoll,
@@ -66,7 +68,7 @@ void StationTimers::sync() {
     if (!mark) {
         markAge_.stop();
     } else {
-        const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(*mark - station_.line.now());
+        const auto wait = std::chrono::duration_cast<std::chrono::milliseconds>(*mark - StationReadout(station_).now());
         markAge_.start(static_cast<int>(std::clamp<std::chrono::milliseconds::rep>(wait.count(), 0, 3'600'000)));
     }
 }

@@ -5,8 +5,8 @@
 
 namespace station::ui {
 
-AutoMessageWindow::AutoMessageWindow(Station& station, const Forward& forward, QWidget* parent)
-    : SatelliteWindow(station.form6.form, forward, parent, "Form6"), form_(station.form6),
+AutoMessageWindow::AutoMessageWindow(const StationForms& forms, const Forward& forward, QWidget* parent)
+    : SatelliteWindow(forms.autoMessage.form, forward, parent, "Form6"), form_(forms.autoMessage),
       operation_(new QLabel(this)), status_(new QLabel(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
     operation_->setObjectName(QStringLiteral("Label1"));

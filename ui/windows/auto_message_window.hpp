@@ -11,7 +11,7 @@ namespace station::ui {
 
 class AutoMessageWindow : public SatelliteWindow {
 public:
-    AutoMessageWindow(Station& station, const Forward& forward, QWidget* parent);
+    AutoMessageWindow(const StationForms& forms, const Forward& forward, QWidget* parent);
     void render();
 
 private:

@@ -8,19 +8,19 @@
 
 namespace station::ui {
 
-CameraSetWindow::CameraSetWindow(Station& station, const Forward& forward, QWidget* parent)
-    : SatelliteWindow(station.form4.form, forward, parent, "Form4"), form_(station.form4),
-      cameras_(station.form4.Option1, "Option1", OptionButtons::Look::Push, this,
-               [f = &station.form4, forward](int i) { forward([f, i] { f->Option1.click(i); }); }),
+CameraSetWindow::CameraSetWindow(const StationForms& forms, const Forward& forward, QWidget* parent)
+    : SatelliteWindow(forms.cameraSet.form, forward, parent, "Form4"), form_(forms.cameraSet),
+      cameras_(forms.cameraSet.Option1, "Option1", OptionButtons::Look::Push, this,
+               [f = &forms.cameraSet, forward](int i) { forward([f, i] { f->Option1.click(i); }); }),
       types_(new QListWidget(this)), note_(new QLabel(this)),
-      ok_(commandButton(this, "Command1", forward, [s = &station] { s->cameraSet.Command1_Click(); })) {
+      ok_(commandButton(this, "Command1", forward, [f = &forms.cameraSet] { f->Command1.click(); })) {
     types_->setObjectName(QStringLiteral("List1"));
     note_->setObjectName(QStringLiteral("Label5"));
     note_->setWordWrap(true);
     note_->setFrameShape(QFrame::Panel);
     note_->setFrameShadow(QFrame::Sunken);
     note_->setMinimumHeight(48);
-    Form4* f = &station.form4;
+    Form4* f = &forms.cameraSet;
     QObject::connect(types_, &QListWidget::currentRowChanged,
                      [f, forward](int row) { forward([f, row] { f->List1.setListIndex(row); }); });
 

@@ -18,7 +18,7 @@ namespace station::ui {
 
 class CameraSetWindow : public SatelliteWindow {
 public:
-    CameraSetWindow(Station& station, const Forward& forward, QWidget* parent);
+    CameraSetWindow(const StationForms& forms, const Forward& forward, QWidget* parent);
     void render();
 
 private:

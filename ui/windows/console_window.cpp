@@ -23,13 +23,13 @@ QLineEdit* textBox(QWidget* parent, const char* name, TextBox& model, const Forw
 
 }  // namespace
 
-ConsoleWindow::ConsoleWindow(Station& station, const Forward& forward, QWidget* parent)
-    : SatelliteWindow(station.console.form, forward, parent, "Form5"), console_(station.console),
-      text1_(textBox(this, "Text1", station.console.Text1, forward)),
-      text2_(textBox(this, "Text2", station.console.Text2, forward)),
-      text3_(textBox(this, "Text3", station.console.Text3, forward)),
-      command1_(commandButton(this, "Command1", forward, [c = &station.console] { c->Command1_Click(); })),
-      command2_(commandButton(this, "Command2", forward, [c = &station.console] { c->Command2_Click(); })),
+ConsoleWindow::ConsoleWindow(const StationForms& forms, const Forward& forward, QWidget* parent)
+    : SatelliteWindow(forms.console.form, forward, parent, "Form5"), console_(forms.console),
+      text1_(textBox(this, "Text1", forms.console.Text1, forward)),
+      text2_(textBox(this, "Text2", forms.console.Text2, forward)),
+      text3_(textBox(this, "Text3", forms.console.Text3, forward)),
+      command1_(commandButton(this, "Command1", forward, [c = &forms.console] { c->Command1.click(); })),
+      command2_(commandButton(this, "Command2", forward, [c = &forms.console] { c->Command2.click(); })),
       list_(new QListWidget(this)), label_(new QLabel(this)) {
     list_->setObjectName(QStringLiteral("List1"));
     list_->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));

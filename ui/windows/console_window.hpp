@@ -14,7 +14,7 @@ namespace station::ui {
 
 class ConsoleWindow : public SatelliteWindow {
 public:
-    ConsoleWindow(Station& station, const Forward& forward, QWidget* parent);
+    ConsoleWindow(const StationForms& forms, const Forward& forward, QWidget* parent);
     void render();
 
 private:

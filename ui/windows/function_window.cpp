@@ -43,13 +43,13 @@ QLabel* heading(const char* text, QWidget* parent) {
 
 }  // namespace
 
-FunctionWindow::FunctionWindow(Station& station, const Forward& forward, QWidget* parent)
-    : SatelliteWindow(station.form2.form, forward, parent, "Form2"), form_(station.form2),
+FunctionWindow::FunctionWindow(const StationForms& forms, const Forward& forward, QWidget* parent)
+    : SatelliteWindow(forms.function.form, forward, parent, "Form2"), form_(forms.function),
       functions_(new QListWidget(this)), scene_(new QLabel(this)), items_(new QListWidget(this)),
       item_(new QLabel(this)), choices_(new QWidget(this)), search_(new QLineEdit(choices_)),
       values_(new QListWidget(choices_)), analog_(new QWidget(this)), slider_(new QSlider(Qt::Horizontal, analog_)),
       hex_(new HexSpinBox(analog_)), value_(new QLabel(this)) {
-    Form2* f = &station.form2;
+    Form2* f = &forms.function;
     functions_->setObjectName(QStringLiteral("List1"));
     functions_->setToolTip(QStringLiteral("The functions of the selected camera's type; choosing one shows its "
                                           "items without sending them"));

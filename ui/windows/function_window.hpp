@@ -18,7 +18,7 @@ namespace station::ui {
 
 class FunctionWindow : public SatelliteWindow {
 public:
-    FunctionWindow(Station& station, const Forward& forward, QWidget* parent);
+    FunctionWindow(const StationForms& forms, const Forward& forward, QWidget* parent);
     void render();
 
 protected:

@@ -11,8 +11,8 @@
 
 namespace station::ui {
 
-LineLogWindow::LineLogWindow(Station& station, const Forward& forward, QWidget* parent)
-    : SatelliteWindow(station.line.window, forward, parent, "lineLog"), log_(station.line.log),
+LineLogWindow::LineLogWindow(const StationForms& forms, const Forward& forward, QWidget* parent)
+    : SatelliteWindow(forms.lineLog, forward, parent, "lineLog"), log_(forms.log),
       text_(new QPlainTextEdit(this)) {
     text_->setObjectName(QStringLiteral("lineLogText"));
     text_->setReadOnly(true);

@@ -14,7 +14,7 @@ namespace station::ui {
 
 class LineLogWindow : public SatelliteWindow {
 public:
-    LineLogWindow(Station& station, const Forward& forward, QWidget* parent);
+    LineLogWindow(const StationForms& forms, const Forward& forward, QWidget* parent);
     void render();
 
 private:

@@ -2,12 +2,16 @@
 // A station on a fake port with the sample camera types, answered-in-advance file dialogs,
 // a temporary folder for setup files and a clock the test moves. Time advances in 20 ms
 // steps and each enabled timer ticks at its own interval, as the desktop program's would.
+// The test stands where the windows stand: it is handed the window models (`form1` ...)
+// to click, and reads and acts through the station's read-only view and named actions.
 
 #include <chrono>
 #include <string>
 #include <vector>
 
+#include "app/actions.hpp"
 #include "app/station.hpp"
+#include "app/station_readout.hpp"
 #include "common/hex.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
@@ -40,16 +44,22 @@ struct StationRig {
         station.OPEN_Click();
     }
 
-    std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
+    // The command texts queued to go out (see takeQueuedCommands); the queue is given up.
+    std::vector<std::string> takeQueued() {
+        std::vector<std::string> out;
+        for (int i = 1; i <= readout.queued(); ++i) out.push_back(commandText(readout.queuedFrame(i).Data));
+        actions.dropQueued();
+        return out;
+    }
     std::vector<std::string> logged() const {
         std::vector<std::string> out;
-        for (const LineLogEntry& e : station.line.log.entries()) out.push_back(e.what);
+        for (const LineLogEntry& e : forms.log.entries()) out.push_back(e.what);
         return out;
     }
 
-    std::string& field(int f, int camera, int scene = 0) { return station.stores.MainScnData(f, camera, scene); }
+    std::string field(int f, int camera, int scene = 0) const { return readout.mainSetting(f, camera, scene); }
     // Whether the camera's working copy holds the main settings of that scene.
-    bool workingCopyIs(int camera, int scene) {
+    bool workingCopyIs(int camera, int scene) const {
         for (int f = mBar; f <= mFILTER; ++f)
             if (field(f, camera, 0) != field(f, camera, scene)) return false;
         return true;
@@ -63,6 +73,13 @@ struct StationRig {
     std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
     Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
     const StationTicks ticks = stationTicks(station);
+    const StationForms forms = station.forms();
+    Form1& form1 = forms.main;
+    Form2& form2 = forms.function;
+    Form4& form4 = forms.cameraSet;
+    Form6& form6 = forms.autoMessage;
+    Actions actions{station};
+    const StationReadout readout{station};
     long now = 0;
 };
 
