@@ -35,6 +35,15 @@ public:
     }
 
 private:
+    // Counts one more line into `counter`; one beyond `most` is refused with the message
+    // `full` and not counted.
+    bool counted(int& counter, int most, const char* full) {
+        if (++counter <= most) return true;
+        messages_.show(full, Icon::Stop);
+        --counter;
+        return false;
+    }
+
     void formControl(const Entry& e) {
         // Only the first character of the value counts: "GAIN= 1" is 0, "GAIN=12" is 1.
         const auto flag = [&] { return toInteger(val(e.value.substr(0, 1))); };
@@ -60,12 +69,7 @@ private:
 
     // Lines that lack the key their name is taken from ("F", "M Gain", "+ON") are skipped.
     void function(const Entry& e) {
-        if (e.key.empty()) return;
-        if (++f_ > kMaxFunctions) {
-            messages_.show("Number of the Function List is exceeding 20", Icon::Stop);
-            --f_;
-            return;
-        }
+        if (e.key.empty() || !counted(f_, kMaxFunctions, "Number of the Function List is exceeding 20")) return;
         types_.FuncList(k_, f_, 0) = keyName(e.key);
         types_.FuncList(k_, f_, 1) = e.value;
         types_.FuncList(k_, 0, 0) = std::to_string(f_);
@@ -75,11 +79,7 @@ private:
     // "M Gamma Mode=6A": kind M, name "Gamma Mode" (from the third character), code "6A".
     void item(const Entry& e) {
         if (e.key.size() < 3) return;  // no room for a separator before the "="
-        if (++i_ > kMaxItems) {
-            messages_.show("Number of the Item List is exceeding 12", Icon::Stop);
-            --i_;
-            return;
-        }
+        if (!counted(i_, kMaxItems, "Number of the Item List is exceeding 12")) return;
         const std::string code = withoutBlanks(e.value);
         types_.ItemList(k_, f_, i_) = std::string(1, line_.front());
         types_.ItemList(k_, f_, i_ + kItemNameCell) = e.key.substr(2, e.key.size() - 3);
@@ -93,12 +93,7 @@ private:
 
     // "+ON=01": a named value of the latest item, or one of an analog item's four limits.
     void parameter(const Entry& e) {
-        if (e.key.empty()) return;
-        if (++p_ > kMaxModes) {
-            messages_.show("Number of the Item Parameter is exceeding 20", Icon::Stop);
-            --p_;
-            return;
-        }
+        if (e.key.empty() || !counted(p_, kMaxModes, "Number of the Item Parameter is exceeding 20")) return;
         const std::string_view name = trimBlanks(e.key.substr(1, e.key.size() - 2));
         std::string code = withoutBlanks(e.value);
         if (types_.ItemList(k_, f_, i_) == "A") {
@@ -117,12 +112,8 @@ private:
 
     // "1 1/100=0002": text "1/100" (after the key's first blank), code "0002".
     void shutterStep(const Entry& e) {
-        if (e.key.empty()) return;
-        if (++f_ > kMaxShutterSteps) {
-            messages_.show("Number of the Variable Shutter Data is exceeding 350", Icon::Stop);
-            --f_;
+        if (e.key.empty() || !counted(f_, kMaxShutterSteps, "Number of the Variable Shutter Data is exceeding 350"))
             return;
-        }
         std::string_view text = keyName(e.key);
         const std::size_t blank = text.find(' ');
         if (blank != std::string_view::npos) text.remove_prefix(blank + 1);

@@ -6,7 +6,6 @@
 
 #include "common/option_errors.hpp"
 #include "common/option_reader.hpp"
-#include "common/version.hpp"
 
 namespace station::ctl {
 
@@ -132,7 +131,5 @@ std::string ctlHelp() {
            "                       function, get\n"
            "                       (docs/remote-control.md)\n";
 }
-
-std::string ctlVersion() { return "corvane-ctl " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::ctl

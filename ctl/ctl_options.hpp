@@ -39,6 +39,5 @@ CtlOptions parseCtlOptions(const std::vector<std::string>& args);
 std::vector<std::string> scriptCommands(const std::string& text);
 
 std::string ctlHelp();
-std::string ctlVersion();  // "corvane-ctl 0.13"
 
 }  // namespace station::ctl

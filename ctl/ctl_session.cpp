@@ -1,5 +1,6 @@
 #include "ctl/ctl_session.hpp"
 
+#include <array>
 #include <cctype>
 #include <fstream>
 #include <ostream>
@@ -19,6 +20,16 @@ using std::chrono::milliseconds;
 
 // A camera's replies have stopped when nothing arrived for this long with nothing queued.
 constexpr Micros kQuiet = milliseconds(600);
+
+// The words of one of corvane-ctl's own commands after its verb, each named as a refusal
+// names it when it is missing; nothing may follow them.
+template <typename... Names>
+std::array<std::string, sizeof...(Names)> arguments(remote::Words& words, const Names&... names) {
+    words.take("command");
+    std::array<std::string, sizeof...(Names)> taken{words.take(names)...};  // taken in order
+    words.end();
+    return taken;
+}
 
 }  // namespace
 
@@ -99,16 +110,11 @@ bool Session::run(const std::string& line) {
     const std::string verb = remote::lower(words.peek());
     try {
         if (verb == "read" || verb == "write") {
-            words.take("command");
-            const std::string cameras = words.take("cameras");
-            words.end();
+            const auto [cameras] = arguments(words, "cameras");
             return pageOf(verb, cameras);
         }
         if (verb == "verify") {
-            words.take("command");
-            const std::string file = words.take("file");
-            const std::string cameras = words.take("cameras");
-            words.end();
+            const auto [file, cameras] = arguments(words, "file", "cameras");
             return verify(file, cameras);
         }
         if (verb == "auto") {
@@ -119,9 +125,7 @@ bool Session::run(const std::string& line) {
             return autoRun(which, camera);
         }
         if (verb == "raw") {
-            words.take("command");
-            const std::string hex = words.take("hex bytes");
-            words.end();
+            const auto [hex] = arguments(words, "hex bytes");
             commands_.perform(commands_.actions().consoleFrame(hex));
             ticks_.run(milliseconds(200));
             return true;

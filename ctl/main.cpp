@@ -12,6 +12,7 @@
 
 #include "app/station.hpp"
 #include "common/runtime_error.hpp"
+#include "common/version.hpp"
 #include "ctl/files/backup_policy.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/ctl_options.hpp"
@@ -207,7 +208,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     if (options.help || options.version) {
-        std::cout << (options.help ? ctl::ctlHelp() : ctl::ctlVersion());
+        std::cout << (options.help ? ctl::ctlHelp() : versionLine("corvane-ctl"));
         return 0;
     }
     try {

@@ -44,6 +44,23 @@ void fileGesture(CommandSet& c, const ActionResult& result) {
     else c.perform(result);
 }
 
+// The file the command's last word names, inside the allowed folder.
+fs::path namedFile(const CommandSet& c, Words& w, bool saving = false) {
+    fs::path path = allowedPath(c.access(), w.take("file"), saving);
+    w.end();
+    return path;
+}
+
+// Saves through `save`; refused unless the file was written (a save the station refused,
+// with its box on the operator's screen, leaves the file as it was).
+template <typename Save>
+void saveChecked(CommandSet& c, const fs::path& path, Save save) {
+    const auto before = modified(path);
+    fileGesture(c, save());
+    const auto after = modified(path);
+    if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
+}
+
 }  // namespace
 
 void addFileCommands(CommandSet& commands) {
@@ -52,8 +69,7 @@ void addFileCommands(CommandSet& commands) {
     const StationReadout& s = a.readout();
 
     commands.add({"open", "open FILE (a *.csd file in the allowed folder)", true, [c, &a, &s](Words& w) {
-        const fs::path path = allowedPath(c->access(), w.take("file"));
-        w.end();
+        const fs::path path = namedFile(*c, w);
         std::error_code ec;
         if (!fs::is_regular_file(path, ec)) throw CommandError("no such file: " + path.string());
         c->dialogs().answerNextOpen(path.string());
@@ -67,20 +83,12 @@ void addFileCommands(CommandSet& commands) {
         if (w.done()) {
             // Only the file already open, never a dialog on the operator's screen.
             if (s.fileName().empty()) throw CommandError("no setup file is open: name one");
-            const std::string path = allowedPath(c->access(), s.fileName()).string();
-            const auto before = modified(path);
-            fileGesture(*c, a.save());
-            const auto after = modified(path);
-            if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
+            saveChecked(*c, allowedPath(c->access(), s.fileName()), [&a] { return a.save(); });
             return std::string();
         }
-        const fs::path path = allowedPath(c->access(), w.take("file"), true);
-        w.end();
-        const auto before = modified(path);
+        const fs::path path = namedFile(*c, w, true);
         c->dialogs().answerNextSave(path.string());
-        fileGesture(*c, a.saveAs());
-        const auto after = modified(path);
-        if (!after || after == before) throw CommandError("the file was not saved (the station says why)");
+        saveChecked(*c, path, [&a] { return a.saveAs(); });
         return std::string();
     }});
 }

@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "common/hex.hpp"
+#include "common/version.hpp"
 #include "sim/line.hpp"
 #include "sim/tool/pty_server.hpp"
 #include "sim/tool/tool_options.hpp"
@@ -98,7 +99,7 @@ int main(int argc, char** argv) {
         return 2;
     }
     if (options.help || options.version) {
-        std::cout << (options.help ? toolHelp() : toolVersion());
+        std::cout << (options.help ? toolHelp() : versionLine("camera-sim"));
         return 0;
     }
     try {

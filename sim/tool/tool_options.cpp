@@ -8,7 +8,6 @@
 
 #include "common/option_errors.hpp"
 #include "common/option_reader.hpp"
-#include "common/version.hpp"
 
 namespace station::sim {
 
@@ -142,7 +141,5 @@ std::string toolHelp() {
            "  --version             show the program's version\n"
            "  --help                show this text\n";
 }
-
-std::string toolVersion() { return "camera-sim " + std::string(kStationVersion) + "\n"; }
 
 }  // namespace station::sim

@@ -23,6 +23,5 @@ struct ToolOptions {
 ToolOptions parseToolOptions(const std::vector<std::string>& args);
 
 std::string toolHelp();
-std::string toolVersion();  // "camera-sim 0.13"
 
 }  // namespace station::sim

@@ -31,6 +31,14 @@ QString networkRefusal(const QString& what, const QHostAddress& address, const r
         .arg(what, address.toString());
 }
 
+// Why `server` could not listen on `port` of `address`, the port named as `portName` says;
+// nothing once it listens.
+template <typename Server>
+QString listenFailure(Server& server, const QHostAddress& address, quint16 port, const QString& portName) {
+    if (server.listen(address, port)) return {};
+    return QStringLiteral("%1 %2: %3").arg(portName).arg(port).arg(server.errorString());
+}
+
 }  // namespace
 
 RemoteSettings remoteSettings(const RemoteOptions& options, std::string& error) {
@@ -123,14 +131,10 @@ bool RemoteControl::setEnabled(bool on) {
     osc_.close();
     if (!on) return true;
     error_ = networkRefusal(QStringLiteral("listening"), settings_.address, gate_);
-    if (!error_.isEmpty()) return false;
-    if (!tcp_.listen(settings_.address, settings_.tcpPort)) {
-        error_ = QStringLiteral("TCP port %1: %2").arg(settings_.tcpPort).arg(tcp_.errorString());
-        return false;
-    }
-    if (!osc_.listen(settings_.address, settings_.oscPort)) {
-        error_ = QStringLiteral("OSC port %1: %2").arg(settings_.oscPort).arg(osc_.errorString());
-        tcp_.close();
+    if (error_.isEmpty()) error_ = listenFailure(tcp_, settings_.address, settings_.tcpPort, QStringLiteral("TCP port"));
+    if (error_.isEmpty()) error_ = listenFailure(osc_, settings_.address, settings_.oscPort, QStringLiteral("OSC port"));
+    if (!error_.isEmpty()) {
+        tcp_.close();  // remote control is both transports or neither
         return false;
     }
     feed_.restart();  // clients ask with "get" for the state as it is; pushes tell what changes
@@ -142,11 +146,8 @@ bool RemoteControl::setWebEnabled(bool on) {
     web_.close();
     if (!on) return true;
     webError_ = networkRefusal(QStringLiteral("serving the panel"), webSettings_.address, gate_);
+    if (webError_.isEmpty()) webError_ = listenFailure(web_, webSettings_.address, webSettings_.port, QStringLiteral("port"));
     if (!webError_.isEmpty()) return false;
-    if (!web_.listen(webSettings_.address, webSettings_.port)) {
-        webError_ = QStringLiteral("port %1: %2").arg(webSettings_.port).arg(web_.errorString());
-        return false;
-    }
     if (!enabled()) feed_.restart();
     layout_.changes();  // a page is greeted with the layout as it is
     clientsTold_ = -1;

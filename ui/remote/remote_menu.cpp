@@ -21,27 +21,54 @@ QMenu* setupMenu(QMenuBar& bar) {
     return bar.addMenu(QStringLiteral("&Setup"));
 }
 
-void installWebEntry(QMainWindow& window, QMenu& menu, RemoteControl& remote, std::function<void(bool on)> switched) {
-    auto* entry = menu.addAction(QStringLiteral("Browser panel"));
-    entry->setObjectName(QStringLiteral("browserPanel"));
+// A service of remote control that the Setup menu switches on and off, as its entry and its
+// status-bar note show it.
+struct Service {
+    const char* title;  // the entry's text, and the title of the box when it could not start
+    const char* entryName;
+    const char* noteName;
+    bool (RemoteControl::*isOn)() const;
+    QString (RemoteControl::*status)() const;
+    bool (RemoteControl::*turn)(bool on);  // false when it could not start
+    QString (RemoteControl::*error)() const;
+    bool copyableNote;  // the note's text can be selected (an address, to copy to a tablet)
+};
+
+constexpr Service kRemoteControl{"Remote control", "remoteControl", "remoteStatus", &RemoteControl::enabled,
+                                 &RemoteControl::status, &RemoteControl::setEnabled, &RemoteControl::error, false};
+constexpr Service kBrowserPanel{"Browser panel", "browserPanel", "webStatus", &RemoteControl::webEnabled,
+                                &RemoteControl::webStatus, &RemoteControl::setWebEnabled, &RemoteControl::webError, true};
+
+void warnNotStarted(QMainWindow& window, const Service& service, const QString& why) {
+    const QString title = QString::fromLatin1(service.title);
+    QMessageBox::warning(&window, title, title + QStringLiteral(" could not start: ") + why);
+}
+
+// Adds the service's checkable entry to `menu` and its note to the status bar. Returns what
+// shows the service as it is now: the entry checked while it is on, the note saying its
+// status (hidden while that says nothing).
+std::function<void()> addSwitch(QMainWindow& window, QMenu& menu, RemoteControl& remote, const Service& service,
+                                 std::function<void(bool on)> switched) {
+    auto* entry = menu.addAction(QString::fromLatin1(service.title));
+    entry->setObjectName(QString::fromLatin1(service.entryName));
     entry->setCheckable(true);
     auto* note = new QLabel(&window);
-    note->setObjectName(QStringLiteral("webStatus"));
-    note->setTextInteractionFlags(Qt::TextSelectableByMouse);  // the address, to copy to a tablet
+    note->setObjectName(QString::fromLatin1(service.noteName));
+    if (service.copyableNote) note->setTextInteractionFlags(Qt::TextSelectableByMouse);
     window.statusBar()->addPermanentWidget(note);
-    auto show = [entry, note, &remote] {
-        entry->setChecked(remote.webEnabled());
-        note->setText(remote.webStatus());
-        note->setVisible(!remote.webStatus().isEmpty());
+    auto show = [entry, note, &remote, &service] {
+        entry->setChecked((remote.*service.isOn)());
+        const QString status = (remote.*service.status)();
+        note->setText(status);
+        note->setVisible(!status.isEmpty());
     };
-    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
+    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, &service, show, switched](bool on) {
         if (switched) switched(on);
-        if (!remote.setWebEnabled(on))
-            QMessageBox::warning(&window, QStringLiteral("Browser panel"),
-                                 QStringLiteral("Browser panel could not start: ") + remote.webError());
+        if (!(remote.*service.turn)(on)) warnNotStarted(window, service, (remote.*service.error)());
         show();
     });
     show();
+    return show;
 }
 
 }  // namespace
@@ -50,25 +77,7 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function
                        std::function<void(const RemoteSettings&)> kept, std::function<void(bool on)> webSwitched) {
     QMenu* menu = setupMenu(*window.menuBar());
     menu->addSeparator();
-    auto* entry = menu->addAction(QStringLiteral("Remote control"));
-    entry->setObjectName(QStringLiteral("remoteControl"));
-    entry->setCheckable(true);
-    auto* note = new QLabel(&window);
-    note->setObjectName(QStringLiteral("remoteStatus"));
-    window.statusBar()->addPermanentWidget(note);
-
-    auto show = [entry, note, &remote] {
-        entry->setChecked(remote.enabled());
-        note->setText(remote.status());
-        note->setVisible(!remote.status().isEmpty());
-    };
-    QObject::connect(entry, &QAction::triggered, &window, [&window, &remote, show, switched](bool on) {
-        if (switched) switched(on);
-        if (!remote.setEnabled(on))
-            QMessageBox::warning(&window, QStringLiteral("Remote control"),
-                                 QStringLiteral("Remote control could not start: ") + remote.error());
-        show();
-    });
+    const auto show = addSwitch(window, *menu, remote, kRemoteControl, std::move(switched));
     auto* settings = menu->addAction(QStringLiteral("Remote control settings..."));
     settings->setObjectName(QStringLiteral("remoteSettings"));
     QObject::connect(settings, &QAction::triggered, &window, [&window, &remote, show, kept] {
@@ -76,13 +85,10 @@ void installRemoteMenu(QMainWindow& window, RemoteControl& remote, std::function
         if (dialog.exec() != QDialog::Accepted) return;
         const RemoteSettings chosen = dialog.settings();
         if (kept) kept(chosen);
-        if (!remote.apply(chosen))
-            QMessageBox::warning(&window, QStringLiteral("Remote control"),
-                                 QStringLiteral("Remote control could not start: ") + remote.error());
+        if (!remote.apply(chosen)) warnNotStarted(window, kRemoteControl, remote.error());
         show();
     });
-    show();
-    installWebEntry(window, *menu, remote, std::move(webSwitched));
+    addSwitch(window, *menu, remote, kBrowserPanel, std::move(webSwitched));
 }
 
 }  // namespace station::ui

@@ -217,7 +217,7 @@ std::string programHelp() {
            "  --help               show this text\n";
 }
 
-std::string programVersion() { return "corvane-station " + std::string(kStationVersion) + "\n"; }
+std::string programVersion() { return versionLine("corvane-station"); }
 
 std::optional<std::string> portDevice(const ProgramOptions& options, const char* corvanePortVariable) {
     if (options.port) return options.port;
