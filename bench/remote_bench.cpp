@@ -32,8 +32,6 @@
 
 namespace {
 
-using station::testing::NullPort;
-using station::testing::QuietMessages;
 using station::testing::NoDialogs;
 
 using namespace station;
@@ -47,7 +45,7 @@ QCoreApplication& app() {
 }
 
 // A started station with the sample studio, remote control on, and one connected client.
-struct Rig {
+struct Rig : testing::NullStation {
     Rig() {
         app();
         station.Form_Load();
@@ -62,12 +60,6 @@ struct Rig {
         Actions(station).dropQueued();
     }
 
-    NullPort port;
-    QuietMessages messages;
-    NoDialogs none;
-    PresetDialogs dialogs{none};
-    DiskWriter writer;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}}, [] {}};
     QTcpSocket client;
 };

@@ -16,17 +16,8 @@ using namespace station;
 
 namespace {
 
-using station::testing::NullPort;
-using station::testing::QuietMessages;
-
-struct Rig {
+struct Rig : station::testing::NullStation {
     Rig() { station.Form_Load(); }
-    NullPort port;
-    QuietMessages messages;
-    NoDialogs none;
-    PresetDialogs dialogs{none};
-    DiskWriter writer;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     remote::CommandSet commands{station, dialogs, {}};
 };
 
