@@ -67,12 +67,14 @@ private:
 
     const ProgramOptions options_;
     const WebSettings web_;
+    // What is kept between runs, and what it chooses: the camera types' folder and port 1.
     const std::optional<std::filesystem::path> samples_;
     QSettings settings_;
     RememberedSettings remembered_;
     const std::filesystem::path definitions_;
     const PortChoice choice_;
 
+    // The machine the station runs on: boxes, file dialogs, the disk.
     ModalPause modal_;
     QtMessages screen_;
     remote::HeldMessages messages_;  // a remote command's failure is its client's, not a box
@@ -81,16 +83,18 @@ private:
     PresetDialogs dialogs_;
     DiskWriter writer_;
 
+    // Port 1 is whatever the operator chooses: a serial device, or the built-in line of the
+    // sample studio's cameras (made when first chosen).
     const std::filesystem::path studio_;
     ChosenPort port_;
     std::unique_ptr<BuiltinLine> line_;
     std::function<void()> wakePoll_;  // a byte came in: the sleeping poll wakes on its grid
-    std::ofstream logFile_;
+    std::ofstream logFile_;  // the line's log when --log-file names one
 
-    // Made by start(), in this order. Whatever outlives a part may not call it once it is gone:
-    // the port tells of its closing too, and the windows redraw until they go, so the port's
-    // waking of the poll goes just before the windows, and their telling of redraws just
-    // before remote control.
+    // Made by start(), in this order. What outlives a part may not call it once it is gone:
+    // the port tells of its closing too, and the windows may redraw until they go, so the
+    // port's waking of the poll is taken out just before the windows go, and their telling
+    // of redraws just before remote control goes.
     std::optional<Station> station_;
     std::optional<StationView> view_;
     std::optional<ScopedHook<void()>> pollWaking_;
