@@ -12,6 +12,17 @@
 
 namespace {
 
+using namespace station::ui;
+
+// What is wrong with the command line, or nothing; `web` is the browser panel it asks for.
+std::string optionError(const ProgramOptions& options, WebSettings& web) {
+    std::string remoteError;
+    remoteSettings(options.remote, remoteError);  // checked here; the start reads them again
+    web = webSettings(options.remote, remoteError);
+    return options.error.empty() ? remoteError : options.error;
+}
+
+// The program's name (its settings are kept under it), version and style.
 void nameApplication() {
     QApplication::setApplicationName(QStringLiteral("corvane-station"));
     QApplication::setOrganizationName(QStringLiteral("corvane-station"));
@@ -23,7 +34,6 @@ void nameApplication() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    using namespace station::ui;
     // The options are read before the windowing system is opened, so that help, the version and
     // a wrong option are answered without a display.
     const ProgramOptions options = parseProgramOptions(withoutQtOptions(std::vector<std::string>(argv + 1, argv + argc)));
@@ -31,16 +41,13 @@ int main(int argc, char** argv) {
         std::cout << (options.help ? programHelp() : programVersion());
         return 0;
     }
-    std::string remoteError;
-    remoteSettings(options.remote, remoteError);  // checked here; the start reads them again
-    const WebSettings web = webSettings(options.remote, remoteError);
-    if (!options.error.empty() || !remoteError.empty()) {
-        std::cerr << "corvane-station: " << (options.error.empty() ? remoteError : options.error) << "\n\n"
-                  << programHelp();
+    WebSettings web;
+    if (const std::string error = optionError(options, web); !error.empty()) {
+        std::cerr << "corvane-station: " << error << "\n\n" << programHelp();
         return 2;
     }
     QApplication app(argc, argv);  // takes its own options (-platform, -style) out of argv
-    nameApplication();  // before the settings are read: they are kept under the program's name
+    nameApplication();
     StationProgram program(options, web);
     return program.run();
 }
