@@ -54,15 +54,16 @@ int main(int argc, char** argv) {
     DiskWriter writer;
     ui::ModalPause modal;
     Station station({line.port(), messages, dialogs, writer, *samples});
-    station.line.name(PortChoice{{}, true});  // the built-in line, as the status bar names it
+    station.assembleLine(PortChoice{{}, true}, {}, {});  // the built-in line, as the status bar names it
     ui::StationView view(station, modal, [&line] { line.advance(); });
     station.Form_Load();
     ui::openStudio(station, dialogs, *samples / "studio.csd");
     view.refresh();
     // A page read, so that the line shows the camera talking.
-    view.forward([&station] { station.pages.READ_Click(); });
-    if (which == "function") view.forward([&station] { station.scenes.Command5_Click(); });
-    if (which == "line-log") view.forward([&station] { station.line.window.Show(); });
+    const StationForms forms = station.forms();
+    view.forward([&forms] { forms.main.Command12.click(); });
+    if (which == "function") view.forward([&forms] { forms.main.Command5.click(); });
+    if (which == "line-log") view.forward([&forms] { forms.lineLog.Show(); });
 
     if (size.size() == 2) {
         const qreal scale = view.mainWindow().devicePixelRatioF();
