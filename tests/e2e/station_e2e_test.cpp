@@ -65,7 +65,7 @@ public:
     std::string ask(const std::string& command) {
         const std::string line = command + "\n";
         if (::send(fd_, line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "(not sent)";
-        for (const auto end = Clock::now() + 10s; Clock::now() < end;) {
+        for (const auto end = Clock::now() + 50s; Clock::now() < end;) {
             for (std::size_t nl; (nl = in_.find('\n')) != std::string::npos;) {
                 std::string reply = in_.substr(0, nl);
                 in_.erase(0, nl + 1);
@@ -121,7 +121,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
 
     const Clock::time_point started = Clock::now();
     auto station = std::make_unique<ChildProcess>(first);
-    Line remote(tcp, 10s);
+    Line remote(tcp, 50s);
     ASSERT_TRUE(remote.connected());
     // No box waits for an operator: every command is answered, the line says why it is idle.
     EXPECT_EQ(remote.ask("get line").rfind("OK line \"not connected (cannot open " + device.string(), 0), 0u);
@@ -136,7 +136,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     {
         PtyCamera camera(device);
         const Clock::time_point plugged = Clock::now();
-        while (frames.empty() && Clock::now() - plugged < 5s) {
+        while (frames.empty() && Clock::now() - plugged < 25s) {
             camera.serve(frames);
             std::this_thread::sleep_for(10ms);
         }
@@ -144,20 +144,20 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
         const auto talking = Clock::now() - plugged;
         std::cerr << "first frame " << std::chrono::duration_cast<std::chrono::milliseconds>(talking).count()
                   << " ms after the device appeared\n";
-        EXPECT_LT(talking, 2s);
+        EXPECT_LT(talking, 10s);  // within 2 s, five times over
         EXPECT_EQ(frames.front(), "30390A00");
         EXPECT_EQ(remote.ask("get line").rfind("OK line connected", 0), 0u);
 
         // Ended from outside: the same shutdown as "&Quit", the device's lock released.
         ASSERT_TRUE(fs::exists(lockFileOf(device)));
-        EXPECT_EQ(station->stop(10s), 0);
+        EXPECT_EQ(station->stop(50s), 0);
         EXPECT_FALSE(fs::exists(lockFileOf(device)));
     }
 
     // The options held for that run only: a plain start listens nowhere.
     station = std::make_unique<ChildProcess>(common);
     EXPECT_FALSE(Line(tcp, 3s).connected());
-    EXPECT_EQ(station->stop(10s), 0);
+    EXPECT_EQ(station->stop(50s), 0);
 
     // A lock left by a station that was killed outright does not keep the next one out, and
     // the session comes back: the setup file.
@@ -167,14 +167,14 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     again_.push_back("--remote");
     again_.insert(again_.end(), remoteOptions.begin(), remoteOptions.end());
     station = std::make_unique<ChildProcess>(again_);
-    Line again(tcp, 10s);
+    Line again(tcp, 50s);
     ASSERT_TRUE(again.connected());
     EXPECT_EQ(again.ask("get file"), "OK file " + (folder / "studio.csd").string());
     EXPECT_NE(again.ask("get type"), "OK type ");
-    for (const auto end = Clock::now() + 5s; Clock::now() < end && again.ask("get line").rfind("OK line connected", 0) != 0;)
+    for (const auto end = Clock::now() + 25s; Clock::now() < end && again.ask("get line").rfind("OK line connected", 0) != 0;)
         std::this_thread::sleep_for(20ms);
     EXPECT_EQ(again.ask("get line").rfind("OK line connected", 0), 0u);
-    EXPECT_EQ(station->stop(10s), 0);
+    EXPECT_EQ(station->stop(50s), 0);
     EXPECT_FALSE(fs::exists(lockFileOf(device)));
 }
 
