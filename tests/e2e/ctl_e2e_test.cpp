@@ -16,23 +16,10 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 const std::string kStudio = STATION_SAMPLES_DIR "/studio.csd";
 
-std::string quoted(const std::string& word) {
-    std::string out = "'";
-    for (const char c : word) out += c == '\'' ? std::string("'\\''") : std::string(1, c);
-    return out + "'";
-}
-
-// A command line run by the shell, its standard error going to `err`.
-ChildProcess shell(const std::vector<std::string>& words, const std::filesystem::path& err) {
-    std::string line = "exec";
-    for (const std::string& w : words) line += " " + quoted(w);
-    return ChildProcess({"/bin/sh", "-c", line + " 2>" + quoted(err.string())});
-}
-
 // camera-sim with the sample studio and the given faults; its transmissions go to a file.
 struct Sim {
     Sim(const TempFolder& folder, std::vector<std::string> faults = {})
-        : trace(folder / "trace.txt"), process(shell(command(std::move(faults)), trace)) {
+        : trace(folder / "trace.txt"), process(command(std::move(faults)), trace) {
         if (const auto path = process.readLine(50s)) device = *path;
         EXPECT_FALSE(device.empty());
     }
@@ -67,7 +54,7 @@ CtlRun ctl(const TempFolder& folder, const std::string& device, const std::vecto
     std::vector<std::string> words{CORVANE_CTL_PATH, "--port", device, "--definitions", STATION_SAMPLES_DIR};
     words.insert(words.end(), args.begin(), args.end());
     const auto start = Clock::now();
-    const int status = shell(words, folder / "ctl-err.txt").wait(300s);
+    const int status = ChildProcess(words, folder / "ctl-err.txt").wait(300s);
     return {status, readBytes(folder / "ctl-err.txt"), Clock::now() - start};
 }
 
@@ -208,9 +195,9 @@ TEST(CtlUnattended, LineLostMidBackupEndsTheRun) {
     Sim sim(folder);
     const std::string good = "the previous backup\r\n";
     const auto backup = folder.write("backup.csd", good);
-    ChildProcess child = shell({CORVANE_CTL_PATH, "--port", sim.device, "--definitions", STATION_SAMPLES_DIR, "--quiet",
+    ChildProcess child({CORVANE_CTL_PATH, "--port", sim.device, "--definitions", STATION_SAMPLES_DIR, "--quiet",
                                 "--setup", kStudio, "read", "1-6", "--save", backup.string()},
-                               folder / "ctl-err.txt");
+                       folder / "ctl-err.txt");
     // Camera 1 takes 29 requests; the line goes while camera 2 is read.
     for (const auto giveUp = Clock::now() + 100s; sim.framesFromStation() < 35 && Clock::now() < giveUp;)
         std::this_thread::sleep_for(20ms);

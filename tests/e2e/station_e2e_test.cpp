@@ -3,12 +3,14 @@
 #include <gtest/gtest.h>
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <poll.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <array>
 #include <chrono>
+#include <cstdio>
+#include <cstring>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -41,49 +43,38 @@ int freePort(int type) {
     return ntohs(a.sin_port);
 }
 
-// A remote-control client on the loopback address.
+// A remote-control client on the loopback address, connected if the station let it in
+// before `limit`.
 class Line {
 public:
-    // Tries to connect until `limit`; connected() says whether it did.
     Line(int port, Clock::duration limit) {
-        for (const auto end = Clock::now() + limit; Clock::now() < end; std::this_thread::sleep_for(20ms)) {
-            fd_ = ::socket(AF_INET, SOCK_STREAM, 0);
-            sockaddr_in a{};
-            a.sin_family = AF_INET;
-            a.sin_port = htons(static_cast<std::uint16_t>(port));
-            a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-            if (::connect(fd_, reinterpret_cast<sockaddr*>(&a), sizeof a) == 0) return;
-            ::close(fd_);
-            fd_ = -1;
+        sockaddr_in a{};
+        a.sin_family = AF_INET;
+        a.sin_port = htons(static_cast<std::uint16_t>(port));
+        a.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+        for (const auto end = Clock::now() + limit; !in_ && Clock::now() < end; std::this_thread::sleep_for(20ms)) {
+            const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
+            const timeval wait{50, 0};  // five times the 10 s a reply takes at most on a busy machine
+            ::setsockopt(fd, SOL_SOCKET, SO_RCVTIMEO, &wait, sizeof wait);
+            if (::connect(fd, reinterpret_cast<sockaddr*>(&a), sizeof a) == 0) in_.reset(::fdopen(fd, "r"));
+            else ::close(fd);
         }
     }
-    ~Line() {
-        if (fd_ >= 0) ::close(fd_);
-    }
-    bool connected() const { return fd_ >= 0; }
+    bool connected() const { return in_ != nullptr; }
     // The command's reply line ("OK ..." or "ERR ..."), pushed lines left out.
     std::string ask(const std::string& command) {
         const std::string line = command + "\n";
-        if (::send(fd_, line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size())) return "(not sent)";
-        for (const auto end = Clock::now() + 50s; Clock::now() < end;) {
-            for (std::size_t nl; (nl = in_.find('\n')) != std::string::npos;) {
-                std::string reply = in_.substr(0, nl);
-                in_.erase(0, nl + 1);
-                if (reply.rfind("OK", 0) == 0 || reply.rfind("ERR", 0) == 0) return reply;
-            }
-            pollfd p{fd_, POLLIN, 0};
-            if (::poll(&p, 1, 100) <= 0) continue;
-            char buf[4096];
-            const ssize_t n = ::recv(fd_, buf, sizeof buf, 0);
-            if (n <= 0) return "(closed)";
-            in_.append(buf, static_cast<std::size_t>(n));
+        if (::send(::fileno(in_.get()), line.data(), line.size(), MSG_NOSIGNAL) != static_cast<ssize_t>(line.size()))
+            return "(not sent)";
+        for (std::array<char, 4096> got{}; std::fgets(got.data(), got.size(), in_.get()) != nullptr;) {
+            const std::string reply(got.data(), std::strcspn(got.data(), "\r\n"));
+            if (reply.rfind("OK", 0) == 0 || reply.rfind("ERR", 0) == 0) return reply;
         }
         return "(no reply)";
     }
 
 private:
-    int fd_ = -1;
-    std::string in_;
+    std::unique_ptr<FILE, int (*)(FILE*)> in_{nullptr, &std::fclose};
 };
 
 // The lock file the serial library keeps for a device outside /dev.
