@@ -1,11 +1,8 @@
 // The whole station on a pseudo-terminal that comes and goes, as a USB-serial adapter
 // unplugged and plugged in again at the same path. LINE_CYCLES=50 runs fifty cycles.
 #include <gtest/gtest.h>
-#include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <thread>
 
 #include "common/line_fault.hpp"
@@ -83,11 +80,9 @@ TEST(LineOnPty, DeviceComesAndGoes) {
 // A device that stops taking bytes (flow held, a wedged adapter) fails the write instead of
 // dropping the rest of the frame in silence.
 TEST(LineOnPty, BytesTheDeviceDoesNotTakeAreALineFault) {
-    const int master = ::posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-    std::array<char, 128> name{};
-    ASSERT_TRUE(master >= 0 && ::grantpt(master) == 0 && ::unlockpt(master) == 0 &&
-                ::ptsname_r(master, name.data(), name.size()) == 0);
-    platform::TermiosPort port(name.data());
+    TempFolder folder;
+    const PtyCamera stuck(folder / "ttyUSB-stuck");  // never reads what it is sent
+    platform::TermiosPort port((folder / "ttyUSB-stuck").string());
     port.writeWait = 50ms;
     port.open();
     port.write(Bytes{0x02, 0x02, 0x40, 0x10, 0xAD, 0xFF});  // a frame the line takes
@@ -97,7 +92,6 @@ TEST(LineOnPty, BytesTheDeviceDoesNotTakeAreALineFault) {
     } catch (const LineFault& fault) {
         EXPECT_NE(std::string(fault.what()).find(" of 1048576 bytes"), std::string::npos) << fault.what();
     }
-    ::close(master);
 }
 
 }  // namespace

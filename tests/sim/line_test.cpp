@@ -1,45 +1,15 @@
-// The simulated line and its cameras, as the station meets them, and its setup from a file.
+// A simulated camera's registers as the station's commands write and read them.
 #include <gtest/gtest.h>
 
 #include <string>
 
-#include "common/runtime_error.hpp"
 #include "sim/camera.hpp"
-#include "sim/line.hpp"
 #include "tests/support/frames.hpp"
 
 namespace station::sim {
 namespace {
 
-using namespace std::chrono_literals;
-using testing::frame;
 using testing::wire;
-using testing::operator+;
-
-struct Rig {
-    Rig() {
-        line.onTraffic = [this](const Traffic& t) {
-            if (t.from == Traffic::From::Camera) sent.push_back(t.camera);
-        };
-    }
-    Bytes after(Micros span) {
-        line.advance(span);
-        return line.takeForStation();
-    }
-    Line line;
-    std::vector<int> sent;  // the cameras that sent, in order
-};
-
-TEST(SimLine, IdModeAddressed) {
-    Rig rig;
-    rig.line.setIdMode(true);
-    for (int p = 1; p <= 3; ++p) rig.line.addCamera(p, "AB1", "0" + std::to_string(p)).setMode(0x08, static_cast<std::uint8_t>(p));
-    rig.line.fromStation(wire("01 20 30 32 02 02 23 08 4E FF"));  // camera " 02" reads register 08
-    EXPECT_EQ(rig.after(50ms), wire("06 01 20 30 32 02 03 22 08 02 D0 FF"));
-    EXPECT_EQ(rig.sent, (std::vector<int>{2, 2}));
-    rig.line.fromStation(frame(wire("23 08"), "09", true));  // an ID that no camera has: silence
-    EXPECT_TRUE(rig.after(1500ms).empty());
-}
 
 TEST(SimCamera, MaskedModeWrites) {
     Camera cam("AB1", "01");
