@@ -85,14 +85,6 @@ fs::path lockFileOf(const fs::path& device) {
     return fs::path("/var/lock") / ("LCK.." + name);
 }
 
-// A process id that no longer runs.
-pid_t deadProcess() {
-    const pid_t pid = ::fork();
-    if (pid == 0) ::_exit(0);
-    ::waitpid(pid, nullptr, 0);
-    return pid;
-}
-
 TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     testing::TempFolder folder;
     ::setenv("XDG_CONFIG_HOME", (folder / "config").c_str(), 1);  // the settings of this test only
@@ -150,9 +142,11 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     EXPECT_FALSE(Line(tcp, 3s).connected());
     EXPECT_EQ(station->stop(50s), 0);
 
-    // A lock left by a station that was killed outright does not keep the next one out, and
-    // the session comes back: the setup file.
-    std::ofstream(lockFileOf(device)) << deadProcess() << "\ncorvane-station\n\n";
+    // A lock left by a station that was killed outright (and not yet reaped) does not keep the
+    // next one out, and the session comes back: the setup file.
+    const pid_t killed = ::fork();
+    if (killed == 0) ::_exit(0);
+    std::ofstream(lockFileOf(device)) << killed << "\ncorvane-station\n\n";
     PtyCamera camera(device);
     std::vector<std::string> again_ = common;
     again_.push_back("--remote");
@@ -167,6 +161,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     EXPECT_EQ(again.ask("get line").rfind("OK line connected", 0), 0u);
     EXPECT_EQ(station->stop(50s), 0);
     EXPECT_FALSE(fs::exists(lockFileOf(device)));
+    ::waitpid(killed, nullptr, 0);
 }
 
 }  // namespace
