@@ -1,10 +1,9 @@
-// The rules of a run that nobody watches: it stops at the first failure, a backup is written
-// only when every camera answered, and every message is one line.
+// The rules of a run that nobody watches: it stops at the first failure, every message is one
+// line, and progress counts up in place only on a terminal.
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "ctl/files/backup_policy.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/progress_line.hpp"
@@ -50,21 +49,6 @@ TEST(CommandRun, StopsAtTheFirstFailureUnlessKeepGoing) {
     EXPECT_EQ(last.commands, commands);
     EXPECT_EQ(last.err, "");  // nothing was left out
     EXPECT_FALSE(runWith(commands, "none", false).run.failed);
-}
-
-TEST(BackupPolicy, WritesOnlyAfterEveryCameraAnswered) {
-    EXPECT_TRUE(decideSave("b.csd", false, {}, false, "s.csd").write);
-    const SaveDecision refused = decideSave("b.csd", true, {3}, false, "s.csd");
-    EXPECT_FALSE(refused.write);
-    EXPECT_EQ(refused.note, "b.csd was not written, it is as it was before: camera 3 did not answer every read "
-                            "(--partial writes what was read)");
-    const SaveDecision afterRefusal = decideSave("b.csd", true, {}, false, "s.csd");
-    EXPECT_FALSE(afterRefusal.write);
-    EXPECT_EQ(afterRefusal.note, "b.csd was not written, it is as it was before: a command failed "
-                                 "(--partial writes what was read)");
-    const SaveDecision partial = decideSave("b.csd", true, {1, 3, 5}, true, "s.csd");
-    EXPECT_TRUE(partial.write);
-    EXPECT_EQ(partial.note, "b.csd is partial: the columns of cameras 1, 3 and 5 are from s.csd, not read");
 }
 
 TEST(RunMessages, OneLineEach) {

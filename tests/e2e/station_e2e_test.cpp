@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <optional>
 #include <thread>
 
 #include "tests/e2e/child_process.hpp"
@@ -98,19 +97,17 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     const std::vector<std::string> remoteOptions = {"--remote-port", std::to_string(tcp), "--osc-port",
                                                     std::to_string(freePort(SOCK_DGRAM)), "--remote-folder",
                                                     folder.path().string()};
-    std::vector<std::string> first = common;
-    first.insert(first.end(), remoteOptions.begin(), remoteOptions.end());
-    first.insert(first.end(), {"--remote-address", "0.0.0.0", "--remote-passcode-file", (folder / "passcode").string()});
+    const auto plus = [](std::vector<std::string> a, const std::vector<std::string>& b) {
+        a.insert(a.end(), b.begin(), b.end());
+        return a;
+    };
 
-    const Clock::time_point started = Clock::now();
-    auto station = std::make_unique<ChildProcess>(first);
+    auto station = std::make_unique<ChildProcess>(plus(plus(common, remoteOptions), {"--remote-address", "0.0.0.0",
+                                                  "--remote-passcode-file", (folder / "passcode").string()}));
     Line remote(tcp, 50s);
     ASSERT_TRUE(remote.connected());
     // No box waits for an operator: every command is answered, the line says why it is idle.
     EXPECT_EQ(remote.ask("get line").rfind("OK line \"not connected (cannot open " + device.string(), 0), 0u);
-    const auto firstAnswer = Clock::now() - started;
-    std::cerr << "first TCP answer " << std::chrono::duration_cast<std::chrono::milliseconds>(firstAnswer).count()
-              << " ms after the start\n";
     EXPECT_EQ(remote.ask("open studio.csd"), "OK");
     EXPECT_EQ(remote.ask("level iris 10"), "OK");  // queued until there is a line
 
@@ -124,10 +121,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
             std::this_thread::sleep_for(10ms);
         }
         ASSERT_FALSE(frames.empty());
-        const auto talking = Clock::now() - plugged;
-        std::cerr << "first frame " << std::chrono::duration_cast<std::chrono::milliseconds>(talking).count()
-                  << " ms after the device appeared\n";
-        EXPECT_LT(talking, 10s);  // within 2 s, five times over
+        EXPECT_LT(Clock::now() - plugged, 10s);  // within 2 s, five times over
         EXPECT_EQ(frames.front(), "30390A00");
         EXPECT_EQ(remote.ask("get line").rfind("OK line connected", 0), 0u);
 
@@ -148,10 +142,7 @@ TEST(StationUnattended, StartsWithoutItsDeviceAndComesBackAfterSigterm) {
     if (killed == 0) ::_exit(0);
     std::ofstream(lockFileOf(device)) << killed << "\ncorvane-station\n\n";
     PtyCamera camera(device);
-    std::vector<std::string> again_ = common;
-    again_.push_back("--remote");
-    again_.insert(again_.end(), remoteOptions.begin(), remoteOptions.end());
-    station = std::make_unique<ChildProcess>(again_);
+    station = std::make_unique<ChildProcess>(plus(plus(common, {"--remote"}), remoteOptions));
     Line again(tcp, 50s);
     ASSERT_TRUE(again.connected());
     EXPECT_EQ(again.ask("get file"), "OK file " + (folder / "studio.csd").string());

@@ -17,22 +17,6 @@ using testing::operator+;
 const Bytes kAck = wire("06");
 const Bytes kNak = wire("15");
 
-TEST(SendQueue, ShiftAnd256Limit) {
-    SendQueue q;
-    q.SendBuffShift();
-    q.append(wire("01"));
-    q.SendBuffShift();
-    EXPECT_EQ(q.SendCnt(), 0);
-    for (const char* b : {"01", "02", "03"}) q.append(wire(b));
-    q.SendBuffShift();
-    EXPECT_EQ(q.entry(1).Data + q.entry(2).Data + q.entry(3).Data, wire("02 03 03"));  // a stale copy stays
-
-    SendQueue full;
-    for (int i = 0; i < 256; ++i) full.append(bytesOf({i & 0xFF}));
-    EXPECT_EQ(errorOf([&] { full.append(wire("00")); }), 9);
-    EXPECT_EQ(full.entry(256).Data, wire("FF"));
-}
-
 TEST(Handshake, NoAckAfterTenTicks) {
     LinkRig rig;
     rig.settle();
