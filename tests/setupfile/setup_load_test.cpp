@@ -9,26 +9,6 @@ namespace {
 using testing::crlf;
 using testing::SetupRig;
 
-std::string list(const std::string& head, int commas) { return head + std::string(static_cast<std::size_t>(commas), ','); }
-
-TEST(SetupLoad, FormatExample) {
-    SetupRig rig;
-    rig.load(crlf({"[system]", "ACK Check=1", "Camera Select=1", "[camera type/ID]", "Camera 1=AB1|01",
-                   "Camera 2=AB1|02", "Camera 3=|", "Camera 4=|", "Camera 5=|", "Camera 6=|", "Camera 7=|",
-                   "Camera 8=|", "[scene no]", "Scene=1,1,1,1,1,1,1,1", "[main data]",
-                   list("mBar=0,0,0,0,1,1,1,1", 24), "[function scene data]", list("6A=00,00,01,00,01,01,01,01", 24),
-                   "[function data]", "7C=00,01,,,,,,", "[end]"}));
-    const SettingStores& st = rig.stores;
-    EXPECT_EQ(rig.shared.AckMode + rig.shared.IDMode + rig.shared.ScnNo(8), 3);
-    EXPECT_EQ(rig.shared.cams.CamType(2) + "|" + rig.shared.cams.CamID(2) + "|" + rig.shared.cams.CamType(3), "AB1|02|");
-    // Scenes 1..4 of camera 1, then of camera 2, ...; the working scene 0 is not in the file.
-    EXPECT_EQ(st.MainScnData(1, 1, 4) + st.MainScnData(1, 2, 1) + "|" + st.MainScnData(1, 3, 1) + st.MainScnData(1, 2, 0),
-              "01|");
-    EXPECT_EQ(st.FuncScnData(0, 0, 0) + st.FuncScnData(1, 0, 0) + st.FuncScnData(1, 1, 3), "16A01");
-    EXPECT_TRUE(rig.told.empty());
-    EXPECT_EQ(st.FuncData(0, 0) + st.FuncData(1, 0) + st.FuncData(1, 2) + "|" + st.FuncData(1, 3), "17C01|");
-    EXPECT_TRUE(rig.messages.shown.empty());
-}
 
 TEST(SetupLoad, ShortListRepeatsLast) {
     SetupRig rig;
