@@ -1,12 +1,11 @@
-// The rules of a run that nobody watches: it stops at the first failure, every message is one
-// line, and progress counts up in place only on a terminal.
+// The rules of a run that nobody watches: it stops at the first failure, and every message is
+// one line.
 #include <gtest/gtest.h>
 
 #include <sstream>
 
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
-#include "ctl/progress_line.hpp"
 
 namespace station::ctl {
 namespace {
@@ -56,23 +55,6 @@ TEST(RunMessages, OneLineEach) {
               "No such file or directory; The station works without the line.");
     EXPECT_EQ(oneLine("a\r\nb\n"), "a; b");
     EXPECT_EQ(oneLine("plain"), "plain");
-}
-
-TEST(ProgressLine, CountsUpInPlaceOnlyOnATerminal) {
-    auto show = [](bool terminal, bool quiet) {
-        std::ostringstream err;
-        ProgressLine line(err, terminal, quiet);
-        line.begin("camera 3 read", 28);
-        line.update(1);
-        line.update(1);
-        line.update(28);
-        line.end("28 replies");
-        return err.str();
-    };
-    EXPECT_EQ(show(true, false), "\rcorvane-ctl: camera 3 read 0/28\x1b[K\rcorvane-ctl: camera 3 read 1/28\x1b[K"
-                                 "\rcorvane-ctl: camera 3 read 28/28\x1b[K\rcorvane-ctl: camera 3 read: 28 replies\x1b[K\n");
-    EXPECT_EQ(show(false, false), "corvane-ctl: camera 3 read\ncorvane-ctl: camera 3 read: 28 replies\n");
-    EXPECT_EQ(show(true, true), "");
 }
 
 }  // namespace
