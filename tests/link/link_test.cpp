@@ -42,21 +42,6 @@ TEST(Handshake, AckOffNeverWaits) {
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 
-TEST(Handshake, IdModeNeedsId) {
-    LinkRig rig;
-    rig.shared.IDMode = 1;
-    rig.shared.CamNo = 3;
-    rig.link.SendCmd("4010");
-    EXPECT_EQ(rig.messages.texts(), testing::Calls{"No Camera ID"});
-    EXPECT_EQ(rig.link.queue().SendCnt(), 0);
-    rig.shared.cams.CamID(3) = "1";
-    rig.link.SendCmd("4010");
-    rig.shared.CamNo = 0;
-    rig.link.SendCmd("4010");
-    EXPECT_EQ(rig.link.queue().entry(1).Data, wire("01 20 20 31 02 02 40 10 3A FF"));
-    EXPECT_EQ(rig.link.queue().entry(2).Data, frame(wire("40 10")));
-}
-
 TEST(Handshake, AnswerWatch) {
     LinkRig rig;
     rig.settle();
