@@ -4,8 +4,6 @@
 #include "camtype/definition_folder.hpp"
 #include "camtype/item_rows.hpp"
 #include "tests/camtype/type_rig.hpp"
-#include "tests/support/fake_messages.hpp"
-#include "tests/support/temp_folder.hpp"
 
 namespace station {
 namespace {

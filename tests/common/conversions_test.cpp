@@ -1,11 +1,9 @@
-// The runtime's number and hex conversions, and the control models' events.
+// The runtime's number and hex conversions, and the serial settings texts.
 #include <gtest/gtest.h>
 
 #include <functional>
 #include <string>
-#include <vector>
 
-#include "common/controls.hpp"
 #include "common/hex.hpp"
 #include "common/runtime_error.hpp"
 #include "common/serial_settings.hpp"
@@ -67,22 +65,6 @@ TEST(Conv, SerialSettings) {
     for (const char* bad : {"9600,N,8", "9600,N,8,1,", " 9600,N,8,1", "+9600,N,8,1", "14400,N,8,1", "9600,X,8,1",
                             "9600,N,6,1", "9600,N,8,3", "9600,NN,8,1", ""})
         EXPECT_EQ(errorNumber([bad] { (void)parseSerialSettings(bad); }), 5) << bad;
-}
-
-TEST(Controls, OptionGroupEvents) {
-    OptionGroup g(0, 3);
-    std::vector<int> clicks;
-    g.onClick = [&](int i) { clicks.push_back(i); };
-    g.setValue(2, true);
-    g.click(2);  // already selected: nothing
-    g.setValue(1, true);
-    EXPECT_EQ(g.selected(), 1);
-    EXPECT_FALSE(g[2].Value);
-    g.setValue(1, false);  // deselected by code: no event, and then a click on it counts
-    EXPECT_EQ(g.selected(), -1);
-    g.click(1);
-    EXPECT_EQ(clicks, (std::vector<int>{2, 1, 1}));
-    EXPECT_EQ(errorNumber([&] { g.setValue(4, true); }), 9);
 }
 
 }  // namespace

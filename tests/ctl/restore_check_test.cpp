@@ -2,7 +2,6 @@
 // no definition, or a value is not one the type can take; an intact file passes.
 #include <gtest/gtest.h>
 
-
 #include "ctl/files/restore_check.hpp"
 #include "ctl/files/setting_compare.hpp"
 #include "ctl/files/type_items.hpp"
@@ -18,6 +17,8 @@ std::string replaced(std::string text, const std::string& from, const std::strin
     EXPECT_NE(at, std::string::npos) << from;
     return at == std::string::npos ? text : text.replace(at, from.size(), to);
 }
+
+const std::string kMid = "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,";
 
 struct Damage {
     const char* what;
@@ -44,6 +45,11 @@ TEST(RestoreCheck, RefusesDamagedFilesWithLineAndReason) {
         {"shutter step the type lacks", replaced(good, "3055=02,", "3055=0999,"), {1}, 56, "Shutter / Shutter Speed"},
         {"camera without a type", good, {7}, 11, "camera 7 has no camera type"},
         {"scene number 5", replaced(good, "Scene=1,2,", "Scene=5,2,"), {1}, 14, "not 1 to 4"},
+        // Main settings beyond what their controls take: gain type 0 (camera 1) has three steps,
+        // gain type 1 (camera 5) four.
+        {"bar past its end", replaced(good, "aMBLK=0,", "aMBLK=128,"), {1}, 23, "aMBLK cannot be 128: its bar runs -128 to 127"},
+        {"gain step 3 of 3", replaced(good, "mGAIN=0,", "mGAIN=3,"), {1}, 19, "mGAIN cannot be 3"},
+        {"MID value 32", replaced(good, kMid + "9,", kMid + "32,"), {5}, 31, "mMID cannot be 32"},
     };
     for (const Damage& d : cases) {
         const auto problem = checkRestore(d.text, d.cameras, STATION_SAMPLES_DIR);
@@ -60,14 +66,11 @@ TEST(RestoreCheck, IntactFileAndOtherCamerasValuesPass) {
     const std::string bad3 = replaced(good, "2040FC=02,00,01,02,00,01,02,00,01,", "2040FC=02,00,01,02,00,01,02,00,09,");
     EXPECT_FALSE(checkRestore(bad3, {1}, STATION_SAMPLES_DIR).has_value());
     EXPECT_TRUE(checkRestore(bad3, {3}, STATION_SAMPLES_DIR).has_value());
-}
-
-TEST(RestoreCheck, TypeWithoutDefinitionIsNamed) {
-    testing::TempFolder empty;
-    const auto problem = checkRestore(studio(), {3}, empty.path());
-    ASSERT_TRUE(problem.has_value());
-    EXPECT_EQ(problem->lineNumber, 7);
-    EXPECT_EQ(problem->reason, "no definition of camera type HD3 (camera 3) in " + empty.path().string());
+    // Each control's ends are taken; without ranges (verify), a value past them is read.
+    for (const auto& [from, to] : std::vector<std::pair<std::string, std::string>>{
+             {"aMBLK=0,", "aMBLK=127,"}, {"aMBLK=0,", "aMBLK=-128,"}, {"mGAIN=0,", "mGAIN=2,"}, {kMid + "9,", kMid + "31,"}})
+        EXPECT_FALSE(checkRestore(replaced(good, from, to), {1, 5}, STATION_SAMPLES_DIR).has_value()) << to;
+    EXPECT_FALSE(checkRestore(replaced(good, "aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR, false).has_value());
 }
 
 TEST(TypeItems, NamesItemsAndTheirValues) {
@@ -95,41 +98,6 @@ TEST(TypeItems, NamesItemsAndTheirValues) {
     EXPECT_FALSE(st1->levelProblem(*knee, "c0").has_value());
     EXPECT_TRUE(st1->takes(*mode, "2") && !st1->takes(*mode, "09"));
     EXPECT_FALSE(findTypeDefinition(STATION_SAMPLES_DIR, "ZZ9").has_value());
-}
-
-// Item lines written with blanks instead of tabs are items all the same, as the station
-// reads them.
-TEST(TypeItems, BlanksSeparateAsTabsDo) {
-    std::string text = testing::readBytes(STATION_SAMPLES_DIR "/st1.fcl");
-    for (char& c : text) c = c == '\t' ? ' ' : c;
-    const TypeDefinition blanks = readTypeDefinition(text);
-    const TypeItem* mode = blanks.item("2040FC");
-    ASSERT_NE(mode, nullptr);
-    EXPECT_EQ(mode->name, "Gamma Mode");
-    EXPECT_FALSE(blanks.takes(*mode, "09"));
-    EXPECT_EQ(blanks.valueName(*blanks.item("3055"), "000A"), "1/64.7");
-}
-
-// Main settings beyond what their controls take are refused, naming the line.
-TEST(RestoreCheck, MainSettingsWithinTheirControls) {
-    auto with = [](const std::string& from, const std::string& to) {
-        std::string text = studio();
-        text.replace(text.find(from), from.size(), to);
-        return text;
-    };
-    const auto bar = checkRestore(with("aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR);
-    ASSERT_TRUE(bar.has_value());
-    EXPECT_EQ(bar->reason, "camera 1: aMBLK cannot be 128: its bar runs -128 to 127");
-    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=127,"), {1}, STATION_SAMPLES_DIR).has_value());
-    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=-128,"), {1}, STATION_SAMPLES_DIR).has_value());
-    // Gain type 0 (camera 1) has three steps, gain type 1 (camera 5) four.
-    EXPECT_TRUE(checkRestore(with("mGAIN=0,", "mGAIN=3,"), {1}, STATION_SAMPLES_DIR).has_value());
-    EXPECT_FALSE(checkRestore(with("mGAIN=0,", "mGAIN=2,"), {1}, STATION_SAMPLES_DIR).has_value());
-    const std::string mid = "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,9,";
-    EXPECT_FALSE(checkRestore(with(mid, "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,31,"), {5}, STATION_SAMPLES_DIR).has_value());
-    EXPECT_TRUE(checkRestore(with(mid, "mMID=1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,1,32,"), {5}, STATION_SAMPLES_DIR).has_value());
-    // Without ranges (verify), the same file is read.
-    EXPECT_FALSE(checkRestore(with("aMBLK=0,", "aMBLK=128,"), {1}, STATION_SAMPLES_DIR, false).has_value());
 }
 
 // Verify compares what the values denote; a level the item cannot take is a difference

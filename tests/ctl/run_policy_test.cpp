@@ -1,13 +1,11 @@
-// The rules of a run that nobody watches: it stops at the first failure, a backup is written
-// only when every camera answered, and every message is one line.
+// The rules of a run that nobody watches: it stops at the first failure, and every message is
+// one line.
 #include <gtest/gtest.h>
 
 #include <sstream>
 
-#include "ctl/files/backup_policy.hpp"
 #include "ctl/command_run.hpp"
 #include "ctl/exit_status.hpp"
-#include "ctl/progress_line.hpp"
 
 namespace station::ctl {
 namespace {
@@ -52,43 +50,11 @@ TEST(CommandRun, StopsAtTheFirstFailureUnlessKeepGoing) {
     EXPECT_FALSE(runWith(commands, "none", false).run.failed);
 }
 
-TEST(BackupPolicy, WritesOnlyAfterEveryCameraAnswered) {
-    EXPECT_TRUE(decideSave("b.csd", false, {}, false, "s.csd").write);
-    const SaveDecision refused = decideSave("b.csd", true, {3}, false, "s.csd");
-    EXPECT_FALSE(refused.write);
-    EXPECT_EQ(refused.note, "b.csd was not written, it is as it was before: camera 3 did not answer every read "
-                            "(--partial writes what was read)");
-    const SaveDecision afterRefusal = decideSave("b.csd", true, {}, false, "s.csd");
-    EXPECT_FALSE(afterRefusal.write);
-    EXPECT_EQ(afterRefusal.note, "b.csd was not written, it is as it was before: a command failed "
-                                 "(--partial writes what was read)");
-    const SaveDecision partial = decideSave("b.csd", true, {1, 3, 5}, true, "s.csd");
-    EXPECT_TRUE(partial.write);
-    EXPECT_EQ(partial.note, "b.csd is partial: the columns of cameras 1, 3 and 5 are from s.csd, not read");
-}
-
 TEST(RunMessages, OneLineEach) {
     EXPECT_EQ(oneLine("No such file or directory\rThe station works without the line."),
               "No such file or directory; The station works without the line.");
     EXPECT_EQ(oneLine("a\r\nb\n"), "a; b");
     EXPECT_EQ(oneLine("plain"), "plain");
-}
-
-TEST(ProgressLine, CountsUpInPlaceOnlyOnATerminal) {
-    auto show = [](bool terminal, bool quiet) {
-        std::ostringstream err;
-        ProgressLine line(err, terminal, quiet);
-        line.begin("camera 3 read", 28);
-        line.update(1);
-        line.update(1);
-        line.update(28);
-        line.end("28 replies");
-        return err.str();
-    };
-    EXPECT_EQ(show(true, false), "\rcorvane-ctl: camera 3 read 0/28\x1b[K\rcorvane-ctl: camera 3 read 1/28\x1b[K"
-                                 "\rcorvane-ctl: camera 3 read 28/28\x1b[K\rcorvane-ctl: camera 3 read: 28 replies\x1b[K\n");
-    EXPECT_EQ(show(false, false), "corvane-ctl: camera 3 read\ncorvane-ctl: camera 3 read: 28 replies\n");
-    EXPECT_EQ(show(true, true), "");
 }
 
 }  // namespace

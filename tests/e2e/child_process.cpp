@@ -1,5 +1,6 @@
 #include "tests/e2e/child_process.hpp"
 
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
 #include <sys/prctl.h>
@@ -13,7 +14,7 @@ namespace station::testing {
 
 using Clock = std::chrono::steady_clock;
 
-ChildProcess::ChildProcess(const std::vector<std::string>& argv) {
+ChildProcess::ChildProcess(const std::vector<std::string>& argv, const std::string& errors) {
     int fds[2];
     if (::pipe(fds) != 0) throw std::runtime_error("pipe");
     const pid_t parent = ::getpid();
@@ -23,6 +24,7 @@ ChildProcess::ChildProcess(const std::vector<std::string>& argv) {
         ::prctl(PR_SET_PDEATHSIG, SIGTERM);
         if (::getppid() != parent) ::_exit(127);
         ::dup2(fds[1], STDOUT_FILENO);
+        if (!errors.empty()) ::dup2(::open(errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644), STDERR_FILENO);
         ::close(fds[0]);
         ::close(fds[1]);
         std::vector<char*> args;

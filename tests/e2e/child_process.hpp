@@ -12,7 +12,8 @@ namespace station::testing {
 
 class ChildProcess {
 public:
-    explicit ChildProcess(const std::vector<std::string>& argv);
+    // Its standard error goes to `errors` when one is named.
+    explicit ChildProcess(const std::vector<std::string>& argv, const std::string& errors = "");
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;

@@ -17,22 +17,6 @@ using testing::operator+;
 const Bytes kAck = wire("06");
 const Bytes kNak = wire("15");
 
-TEST(SendQueue, ShiftAnd256Limit) {
-    SendQueue q;
-    q.SendBuffShift();
-    q.append(wire("01"));
-    q.SendBuffShift();
-    EXPECT_EQ(q.SendCnt(), 0);
-    for (const char* b : {"01", "02", "03"}) q.append(wire(b));
-    q.SendBuffShift();
-    EXPECT_EQ(q.entry(1).Data + q.entry(2).Data + q.entry(3).Data, wire("02 03 03"));  // a stale copy stays
-
-    SendQueue full;
-    for (int i = 0; i < 256; ++i) full.append(bytesOf({i & 0xFF}));
-    EXPECT_EQ(errorOf([&] { full.append(wire("00")); }), 9);
-    EXPECT_EQ(full.entry(256).Data, wire("FF"));
-}
-
 TEST(Handshake, NoAckAfterTenTicks) {
     LinkRig rig;
     rig.settle();
@@ -56,21 +40,6 @@ TEST(Handshake, AckOffNeverWaits) {
     EXPECT_EQ(rig.port.bytesWaiting(), 7);  // never read
     for (int i = 0; i < 20; ++i) rig.link.Timer2_Timer();
     EXPECT_TRUE(rig.messages.shown.empty());
-}
-
-TEST(Handshake, IdModeNeedsId) {
-    LinkRig rig;
-    rig.shared.IDMode = 1;
-    rig.shared.CamNo = 3;
-    rig.link.SendCmd("4010");
-    EXPECT_EQ(rig.messages.texts(), testing::Calls{"No Camera ID"});
-    EXPECT_EQ(rig.link.queue().SendCnt(), 0);
-    rig.shared.cams.CamID(3) = "1";
-    rig.link.SendCmd("4010");
-    rig.shared.CamNo = 0;
-    rig.link.SendCmd("4010");
-    EXPECT_EQ(rig.link.queue().entry(1).Data, wire("01 20 20 31 02 02 40 10 3A FF"));
-    EXPECT_EQ(rig.link.queue().entry(2).Data, frame(wire("40 10")));
 }
 
 TEST(Handshake, AnswerWatch) {

@@ -20,8 +20,7 @@ public:
     enum class Step { None, Backup, BackupRename, Write, Flush, Rename };
 
     void writeWhole(const std::filesystem::path& path, std::string_view bytes) override {
-        written.push_back(path);
-        if (failAt == Step::Write) throw SaveError("Input/output error");
+        failing(Step::Write, "Input/output error");
         if (diskFullAfter && *diskFullAfter < bytes.size()) {
             disk.writeWhole(path, bytes.substr(0, *diskFullAfter));
             throw SaveError("No space left on device");
@@ -29,19 +28,16 @@ public:
         disk.writeWhole(path, bytes);
     }
     void flushToDisk(const std::filesystem::path& path) override {
-        if (failAt == Step::Flush) throw SaveError("Input/output error");
+        failing(Step::Flush, "Input/output error");
         disk.flushToDisk(path);
     }
     void copyWhole(const std::filesystem::path& from, const std::filesystem::path& to) override {
-        if (failAt == Step::Backup) {
-            disk.writeWhole(to, "");
-            throw SaveError("No space left on device");
-        }
+        if (failAt == Step::Backup) disk.writeWhole(to, "");  // the copy began
+        failing(Step::Backup, "No space left on device");
         disk.copyWhole(from, to);
     }
     void replace(const std::filesystem::path& from, const std::filesystem::path& to) override {
-        const bool backup = to.extension() == ".bak";
-        if (failAt == (backup ? Step::BackupRename : Step::Rename)) throw SaveError("Permission denied");
+        failing(to.extension() == ".bak" ? Step::BackupRename : Step::Rename, "Permission denied");
         disk.replace(from, to);
     }
     void flushFolder(const std::filesystem::path& folder) noexcept override { disk.flushFolder(folder); }
@@ -49,8 +45,12 @@ public:
 
     std::optional<std::size_t> diskFullAfter;
     Step failAt = Step::None;
-    std::vector<std::filesystem::path> written;
     DiskWriter disk;
+
+private:
+    void failing(Step step, const char* why) const {
+        if (failAt == step) throw SaveError(why);
+    }
 };
 
 struct SetupRig : TypeRig {

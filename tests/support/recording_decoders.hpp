@@ -10,23 +10,16 @@ namespace station::testing {
 
 class RecordingDecoders : public ReplyDecoders {
 public:
-    void RecModeMain(const std::string& a, const std::string& b, const std::string& c) override {
-        calls.push_back("RecModeMain(" + a + "," + b + "," + c + ")");
-    }
-    void RecModeFunc(const std::string& a, const std::string& b, const std::string& c) override {
-        calls.push_back("RecModeFunc(" + a + "," + b + "," + c + ")");
-    }
-    void RecAnalogMain(const std::string& a, const std::string& b, const std::string& c) override {
-        calls.push_back("RecAnalogMain(" + a + "," + b + "," + c + ")");
-    }
-    void RecAnalogFunc(const std::string& a, const std::string& b, const std::string& c,
-                       const std::string& d) override {
-        calls.push_back("RecAnalogFunc(" + a + "," + b + "," + c + "," + d + ")");
-    }
-    void RecAuto(const std::string& a, const std::string& b) override {
-        calls.push_back("RecAuto(" + a + "," + b + ")");
-    }
+    using S = const std::string&;
+    void RecModeMain(S a, S b, S c) override { record("RecModeMain", a + "," + b + "," + c); }
+    void RecModeFunc(S a, S b, S c) override { record("RecModeFunc", a + "," + b + "," + c); }
+    void RecAnalogMain(S a, S b, S c) override { record("RecAnalogMain", a + "," + b + "," + c); }
+    void RecAnalogFunc(S a, S b, S c, S d) override { record("RecAnalogFunc", a + "," + b + "," + c + "," + d); }
+    void RecAuto(S a, S b) override { record("RecAuto", a + "," + b); }
     std::vector<std::string> calls;
+
+private:
+    void record(const char* name, const std::string& args) { calls.push_back(std::string(name) + "(" + args + ")"); }
 };
 
 }  // namespace station::testing

@@ -25,7 +25,10 @@ namespace station::testing {
 
 struct StationRig {
     // Started at once, unless the test first sets up the port and calls Form_Load itself.
-    explicit StationRig(bool started = true) {
+    // `device` stands in for the fake port (a real terminal); the fake then goes unused.
+    explicit StationRig(bool started = true, SerialPort* device = nullptr)
+        : station({device != nullptr ? *device : port, messages, dialogs, writer, STATION_SAMPLES_DIR,
+                   [this] { return clock; }}) {
         if (started) station.Form_Load();
     }
 
@@ -48,7 +51,7 @@ struct StationRig {
     std::vector<std::string> takeQueued() {
         std::vector<std::string> out;
         for (int i = 1; i <= readout.queued(); ++i) out.push_back(commandText(readout.queuedFrame(i).Data));
-        actions.dropQueued();
+        (void)actions.dropQueued();
         return out;
     }
     std::vector<std::string> logged() const {
@@ -71,7 +74,7 @@ struct StationRig {
     FakeDialogs dialogs;
     DiskWriter writer;
     std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
+    Station station;
     const StationTicks ticks = stationTicks(station);
     const StationForms forms = station.forms();
     Form1& form1 = forms.main;
