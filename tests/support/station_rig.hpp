@@ -48,7 +48,7 @@ struct StationRig {
     std::vector<std::string> takeQueued() {
         std::vector<std::string> out;
         for (int i = 1; i <= readout.queued(); ++i) out.push_back(commandText(readout.queuedFrame(i).Data));
-        actions.dropQueued();
+        (void)actions.dropQueued();
         return out;
     }
     std::vector<std::string> logged() const {
