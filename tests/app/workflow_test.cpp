@@ -187,35 +187,5 @@ TEST(Workflow, CopySameTypeOnly) {
     EXPECT_EQ(rig.readout.queued(), 0);
 }
 
-TEST(Workflow, PageReadWrite) {
-    Studio rig;
-    rig.form1.Command12.click();  // "Camera to PC"
-    EXPECT_EQ(rig.takeQueued(),
-              (Commands{"2300", "2301", "2302", "2304", "2305", "2308", "230F", "3318", "331A", "3321", "3323",
-                        "332B", "332C", "332E", "3339", "2340", "3350", "2340", "2341", "2341", "3351", "3352",
-                        "3353", "3354", "2342", "2343", "3355", "2344", "2344"}));
-    // The main panel (15 commands: ST1 has monitor and filter), then every function page in
-    // list order, each item with a value in item order; the action item is never sent.
-    rig.form1.Command13.click();  // "PC to Camera"
-    Commands sent = rig.takeQueued();
-    ASSERT_EQ(sent.size(), 15u + 14u);
-    EXPECT_EQ(Commands(sent.begin() + 15, sent.end()),
-              (Commands{"204002FC", "30502A00", "204008F3", "204100FE", "204100FD", "30515500", "30521500",
-                        "30530200", "30540A00", "204200FE", "204302FC", "30550200", "204400FE", "204400FD"}));
-    EXPECT_EQ(rig.form2.List1.listIndex(), 0);
-
-    rig.form1.Option9.click(6);  // BX4: no monitor, no filter
-    rig.form1.Option7.click(2);  // recalling a scene shows its page without sending it
-    EXPECT_TRUE(rig.takeQueued().empty());
-    rig.form1.Command12.click();
-    sent = rig.takeQueued();
-    EXPECT_EQ(Commands(sent.begin() + 15, sent.end()), (Commands{"2340", "335C", "2B22", "335D", "335E", "2343", "3355"}));
-    rig.form1.Command13.click();
-    sent = rig.takeQueued();
-    ASSERT_EQ(sent.size(), 13u + 7u);
-    EXPECT_EQ(Commands(sent.begin() + 13, sent.end()),
-              (Commands{"204002FC", "305C2A00", "282201FE", "305D0500", "305E0500", "204301FC", "30550100"}));
-}
-
 }  // namespace
 }  // namespace station
