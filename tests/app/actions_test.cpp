@@ -30,11 +30,12 @@ TEST(Actions, GreyedControlRefusesItsAction) {
         std::string refusal;
     };
     const std::string na = notAvailable("");
-    const auto bx4 = [](StudioRig& r) { r.form1.Option9.click(6); r.takeQueued(); };  // no monitor, filter, tally
+    const auto bx4 = [](StudioRig& r) { r.form1.Option9.click(6); r.takeQueued(); };  // no filter
+    const auto pt2 = [](StudioRig& r) { r.form1.Option9.click(5); r.takeQueued(); };  // no monitor, no tally
     const std::vector<Case> cases{
-        {"monitor", bx4, [](Actions& a) { return a.setMode(Mode::Monitor, 3); }, "mode monitor" + na},
+        {"monitor", pt2, [](Actions& a) { return a.setMode(Mode::Monitor, 3); }, "mode monitor" + na},
         {"filter", bx4, [](Actions& a) { return a.stepFilter(true); }, "the filter" + na},
-        {"call", bx4, [](Actions& a) { return a.call(true); }, "the call button" + na},
+        {"call", pt2, [](Actions& a) { return a.call(true); }, "the call button" + na},
         {"read under Ack Off", [](StudioRig& r) { r.station.ACK_Click(1); },
          [](Actions& a) { return a.readPage(); }, "page read" + na},
         // LOW of a gain type with a one-bit LOW, already up: the up arrow is at its limit.

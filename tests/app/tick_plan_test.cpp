@@ -198,29 +198,5 @@ TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {
     EXPECT_FALSE(nextMarkChange(rig.station).has_value());
 }
 
-TEST(TickPlan, AWakeTakesTheNextInstantOfTheGridAndALateTickSkipsAhead) {
-    StationRig rig;
-    TickPlan plan(rig.station);
-    plan.update(Millis(0), false);
-    EXPECT_EQ(plan.due(TickPlan::AckWatch), Millis(100));  // AckWait starts at 0
-    EXPECT_FALSE(plan.due(TickPlan::Poll).has_value());
-    plan.update(Millis(1003), true);
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1040));
-    plan.update(Millis(1030), true);  // still awake: the due tick stays
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1040));
-    plan.ticked(TickPlan::Poll, Millis(1040));
-    plan.update(Millis(1040), false);
-    plan.update(Millis(1040), true);  // woken on the instant it has just ticked on
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1080));
-    plan.ticked(TickPlan::Poll, Millis(1250));  // very late: the missed instants are skipped
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1280));
-
-    plan.restart(Millis(2003));  // after a modal box
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(2043));
-    rig.station.QUIT_Click();
-    plan.update(Millis(2010), true);
-    EXPECT_FALSE(plan.on(TickPlan::Poll));
-}
-
 }  // namespace
 }  // namespace station
