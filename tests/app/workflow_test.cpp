@@ -18,14 +18,9 @@ struct Studio : StationRig {
     }
     // The shutter speed of the selected camera (a function kept per camera, not per scene).
     void shutter(const std::string& speed) {
-        form2.List1.setListIndex(indexOf(form2.List1, "Shutter"));
-        form2.List2.setListIndex(indexOf(form2.List2, "Shutter Speed"));
-        form2.List3.setListIndex(indexOf(form2.List3, speed));
-    }
-    static int indexOf(const ListBox& list, const std::string& text) {
-        for (int i = 0; i < list.listCount(); ++i)
-            if (list.list(i) == text || list.list(i).rfind(text + ":", 0) == 0) return i;
-        throw std::out_of_range(text);
+        choose(form2.List1, "Shutter");
+        choose(form2.List2, "Shutter Speed");
+        choose(form2.List3, speed);
     }
 };
 

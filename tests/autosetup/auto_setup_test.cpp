@@ -47,7 +47,7 @@ TEST(AutoSetup, WhiteOkHides) {
     EXPECT_FALSE(rig.ticks[StationTick::AutoMessage].model.Enabled);
 }
 
-TEST(AutoSetup, BlackNgUnknownAndLate) {
+TEST(AutoSetup, BlackNgUnknownLateAndAckOff) {
     AutoRig rig;
     rig.form1.Command7.click();
     EXPECT_EQ(rig.readout.autoOperation(), "AUTO BLACK");
@@ -70,10 +70,9 @@ TEST(AutoSetup, BlackNgUnknownAndLate) {
     rig.run(80);
     EXPECT_FALSE(rig.readout.autoShown());
     EXPECT_EQ(rig.readout.autoResult(), "NG : LOW LIGHT");
-}
 
-TEST(AutoSetup, AckOffHides) {
-    AutoRig rig;
+    // Under Ack Off no result is awaited: the countdown starts at once.
+    rig.port.takeWritten();
     rig.station.ACK_Click(1);
     rig.align();
     rig.form1.Command7.click();

@@ -22,15 +22,9 @@ struct Studio : StationRig {
     // Selects a camera and shows one item of one function, without sending.
     void show(int camera, const std::string& function, const std::string& item) {
         form1.Option9.click(camera);
-        form2.List1.setListIndex(indexOf(form2.List1, function));
-        form2.List2.setListIndex(indexOf(form2.List2, item));
+        choose(form2.List1, function);
+        choose(form2.List2, item);
         EXPECT_TRUE(takeQueued().empty());
-    }
-    // The entry that reads `text`, or an item's line that starts with it.
-    static int indexOf(const ListBox& list, const std::string& text) {
-        for (int i = 0; i < list.listCount(); ++i)
-            if (list.list(i) == text || list.list(i).rfind(text + ":", 0) == 0) return i;
-        throw std::out_of_range(text);
     }
     // What the selected camera keeps for an item code: its working copy's, or its one value.
     std::string stored(const std::string& code) const {
@@ -38,7 +32,11 @@ struct Studio : StationRig {
             if (c == code) return v;
         return "(no row)";
     }
-    std::string line(const std::string& item) { return form2.List2.list(indexOf(form2.List2, item)); }
+    std::string line(const std::string& item) const {
+        for (const std::string& l : form2.List2.items())
+            if (l.rfind(item + ":", 0) == 0) return l;
+        return "(no line)";
+    }
 };
 
 struct Change {
@@ -68,7 +66,7 @@ TEST(FuncEdit, ChangeSentAndKept) {
         if (rig.form2.HScroll1.Enabled) {
             rig.form2.HScroll1.setValue(std::stoi(c.choice, nullptr, 16));
         } else {
-            rig.form2.List3.setListIndex(Studio::indexOf(rig.form2.List3, c.choice));
+            Studio::choose(rig.form2.List3, c.choice);
         }
         EXPECT_EQ(rig.takeQueued(), Commands{c.sent});
         if (*c.code != '\0') {
@@ -112,7 +110,7 @@ TEST(FuncEdit, HandWrittenValuesGoOutAsShown) {
     rig.takeQueued();
     Form2& f = rig.form2;
     rig.form1.Option9.click(1);
-    f.List1.setListIndex(Studio::indexOf(f.List1, "Gamma"));
+    Studio::choose(f.List1, "Gamma");
     EXPECT_EQ(f.List2.list(0), "Gamma Mode: CINE");
     EXPECT_EQ(f.List2.list(1), "Gamma Level: 0A");
     EXPECT_EQ(f.List2.list(2), "Black Gamma: HIGH");
@@ -121,7 +119,7 @@ TEST(FuncEdit, HandWrittenValuesGoOutAsShown) {
     rig.form1.Command3.click();  // "1Page to CAM"
     EXPECT_EQ(rig.takeQueued(), (Commands{"204002FC", "30500A00", "204008F3"}));
 
-    f.List1.setListIndex(Studio::indexOf(f.List1, "Knee"));
+    Studio::choose(f.List1, "Knee");
     EXPECT_EQ(f.List2.list(2), "Knee Point: 40");
     EXPECT_EQ(f.List2.list(3), "Knee Slope: 15");
     const std::string told = "Knee, Knee Point: the stored value 20 is outside 40 to C0; 40 is shown and sent";

@@ -66,13 +66,9 @@ TEST(Pages, GainReadsFollowTheType) {
 TEST(CameraSet, TypesIdsAndConfirm) {
     StationRig rig;
     Form4& f = rig.form4;
-    const auto choose = [&](const std::string& type) {
-        for (int i = 0; i < f.List1.listCount(); ++i)
-            if (f.List1.list(i) == type) f.List1.setListIndex(i);
-    };
     rig.station.Camera_ID_Click();
     f.Option1.click(2);
-    choose("PT2");
+    rig.choose(f.List1, "PT2");
     EXPECT_EQ(rig.readout.cameraType(2) + f.Option1[2].Caption + rig.form1.Label12(2).Caption, "PT2PT2PT2");
     f.Text1(2).setText("07");
     EXPECT_EQ(rig.form1.Label9(2).Caption, "07");  // at once, before any confirmation
@@ -84,7 +80,7 @@ TEST(CameraSet, TypesIdsAndConfirm) {
 
     // "delete" empties the position; after confirming it has no type and no message.
     f.Option1.click(2);
-    choose("delete");
+    rig.choose(f.List1, "delete");
     EXPECT_EQ(rig.readout.cameraType(2) + f.Label5.Caption + rig.readout.cameraId(2), "07");
     f.Command1.click();
     rig.form1.Option9.click(1);
