@@ -2,7 +2,6 @@
 // scenes, copy, store and clear, read and write pages, save and load again.
 #include <gtest/gtest.h>
 
-#include "app/second_press.hpp"
 #include "tests/support/station_rig.hpp"
 
 namespace station {
@@ -140,19 +139,6 @@ TEST(Workflow, MarksTellWhatSaveAndStoreWouldKeep) {
     fresh.dialogs.openAnswer.reset();
     fresh.station.OPEN_Click();  // cancelled, nothing read: still marked
     EXPECT_TRUE(fresh.readout.modified());
-}
-
-// A bare camera key that would drop changes waits for its second press within two seconds.
-TEST(Workflow, SecondPressWithinTwoSeconds) {
-    SecondPress press;
-    EXPECT_TRUE(press.chooses(3, false, 0));
-    EXPECT_FALSE(press.chooses(3, true, 1000));
-    EXPECT_TRUE(press.chooses(3, true, 3000));  // 2 s after the first
-    EXPECT_FALSE(press.chooses(3, true, 4000));
-    EXPECT_FALSE(press.chooses(4, true, 4500));  // another key starts again
-    EXPECT_FALSE(press.chooses(3, true, 5000));
-    EXPECT_FALSE(press.chooses(3, true, 7001));  // too late: a first press again
-    EXPECT_TRUE(press.chooses(3, true, 7500));
 }
 
 TEST(Workflow, CopySameTypeOnly) {

@@ -39,18 +39,14 @@ struct Studio : StationRig {
     }
 };
 
-struct Change {
-    int camera;
-    const char* function;
-    const char* item;
-    const char* choice;  // a value's name, or the analog value as a number in hex
-    const char* sent;
-    const char* code;    // its row
-    const char* kept;    // what the row keeps afterwards
-};
-
 TEST(FuncEdit, ChangeSentAndKept) {
-    const Change changes[] = {
+    const struct {
+        int camera;
+        const char *function, *item;
+        const char* choice;  // a value's name, or the analog value as a number in hex
+        const char* sent;
+        const char *code, *kept;  // its row, and what the row keeps afterwards
+    } changes[] = {
         {1, "Gamma", "Gamma Mode", "CINE", "204002FC", "2040FC", "02"},
         {1, "Gamma", "Gamma Level", "7F", "30507F00", "3050", "7F"},
         {1, "Knee", "Knee Point", "20", "30514000", "3051", "40"},  // below MIN: held at MIN
@@ -59,7 +55,7 @@ TEST(FuncEdit, ChangeSentAndKept) {
         {4, "Shutter", "Shutter Speed", "1/60.0", "30550015", "3055", "0015"},  // a variable-shutter step
         {2, "System", "Auto Setup", "AUTO KNEE", "4031", "", ""},
     };
-    for (const Change& c : changes) {
+    for (const auto& c : changes) {
         SCOPED_TRACE(std::string(c.item) + " " + c.choice);
         Studio rig;
         rig.show(c.camera, c.function, c.item);
@@ -143,15 +139,11 @@ TEST(FuncEdit, HandWrittenValuesGoOutAsShown) {
         EXPECT_NE(saved.find(kept), std::string::npos) << kept;
 }
 
-struct Reply {
-    const char* frame;  // reply data bytes
-    const char* code;
-    const char* kept;
-    const char* shown;  // the item's line, or "" when its page is not shown
-};
-
 TEST(FuncEdit, ReplyKeptAndShown) {
-    const Reply replies[] = {
+    const struct {
+        const char *frame, *code, *kept;  // reply data bytes, the row and what it keeps
+        const char* shown;  // the item's line, or "" when its page is not shown
+    } replies[] = {
         {"224009", "2040FC", "01", "Gamma Mode: FILM"},    // one register, two mode items:
         {"224009", "2040F3", "08", "Black Gamma: HIGH"},   // each takes its own bits
         {"22400B", "2040FC", "03", "Gamma Mode: unknown (03)"},
@@ -160,7 +152,7 @@ TEST(FuncEdit, ReplyKeptAndShown) {
         {"3255000A", "3055", "000A", ""},    // a variable-shutter step
         {"2A4401", "2044FE", "01", ""},      // class 28's reply leaves register 20/44 alone
     };
-    for (const Reply& r : replies) {
+    for (const auto& r : replies) {
         SCOPED_TRACE(r.frame);
         Studio rig;
         rig.show(2, "Gamma", "Gamma Mode");  // camera 2 works in scene 2
