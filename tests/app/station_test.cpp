@@ -9,7 +9,7 @@ namespace {
 using testing::Commands;
 using testing::StationRig;
 
-TEST(Station, StartsQuiet) {
+TEST(Station, StartsQuietAndAckOffGreysWhatWaitsForAnswers) {
     StationRig rig;
     const StationReadout& r = rig.readout;
     EXPECT_EQ(r.selectedCamera() + r.sceneOf(8), 2);
@@ -27,11 +27,9 @@ TEST(Station, StartsQuiet) {
     rig.run(2000);
     EXPECT_TRUE(rig.port.writes.empty());
     EXPECT_TRUE(rig.messages.shown.empty());
-}
 
-TEST(Station, AckOffMenu) {
-    StationRig rig;
-    rig.open(testing::kStudio);  // camera 1 is of a type with tally
+    // Ack Off in the Setup menu; camera 1 of the studio is of a type with tally.
+    rig.open(testing::kStudio);
     const Form1& f = rig.form1;
     // Both watches, the BLACK button, the tally group, the filter label, the menu ticks.
     const auto state = [&] {

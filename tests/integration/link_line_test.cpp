@@ -19,17 +19,6 @@ struct Studio : testing::StudioLineRig {
     }
 };
 
-TEST(StudioLine, NakStorm) {
-    Studio rig;
-    rig.line.at(1).faults.nak = 40;  // about 1.6 s of NAKs, longer than one acknowledge watch
-    ASSERT_TRUE(rig.actions.setLevel(Level::Mblk, 0x40).ok());
-    ASSERT_TRUE(rig.settle());
-    const auto frames = rig.stationFrames();
-    EXPECT_EQ(std::count(frames.begin(), frames.end(), "012020310204302B4000EDFE"), 41);
-    EXPECT_EQ(rig.line.at(1).level(0x2B), 0x40);
-    EXPECT_TRUE(rig.messages.shown.empty());
-}
-
 TEST(StudioLine, SplitAndNoisyReplies) {
     for (int at = 0; at <= 6; ++at) {
         Studio rig;
@@ -51,9 +40,15 @@ TEST(StudioLine, SplitAndNoisyReplies) {
     }
 }
 
-TEST(StudioLine, IdModeAndGroup) {
+TEST(StudioLine, NakStormIdModeAndGroup) {
     Studio rig;
     ASSERT_TRUE(rig.readout.cameraIdOn());  // the studio addresses its cameras by ID
+    rig.line.at(1).faults.nak = 40;  // about 1.6 s of NAKs, longer than one acknowledge watch
+    ASSERT_TRUE(rig.actions.setLevel(Level::Mblk, 0x40).ok());
+    ASSERT_TRUE(rig.settle());
+    const auto frames = rig.stationFrames();
+    EXPECT_EQ(std::count(frames.begin(), frames.end(), "012020310204302B4000EDFE"), 41);
+    EXPECT_EQ(rig.line.at(1).level(0x2B), 0x40);
     for (int n = 1; n <= 6; ++n) {
         ASSERT_TRUE(rig.actions.selectCamera(n).ok());
         ASSERT_TRUE(rig.actions.setLevel(Level::RGain, n * 16).ok());

@@ -21,7 +21,7 @@ struct Studio : StationRig {
     }
 };
 
-TEST(Pages, ReadAndWriteByTypeAndItem) {
+TEST(Pages, ReadAndWriteByTypeGainFamilyAndItem) {
     Studio rig;
     rig.form1.Command12.click();  // "Camera to PC"
     EXPECT_EQ(rig.takeQueued(),
@@ -49,11 +49,8 @@ TEST(Pages, ReadAndWriteByTypeAndItem) {
     ASSERT_EQ(sent.size(), 13u + 7u);
     EXPECT_EQ(Commands(sent.begin() + 13, sent.end()),
               (Commands{"204002FC", "305C2A00", "282201FE", "305D0500", "305E0500", "204301FC", "30550100"}));
-}
 
-// Which gain registers a page read asks for depends on the type's gain family.
-TEST(Pages, GainReadsFollowTheType) {
-    Studio rig;
+    // Which gain registers a page read asks for depends on the type's gain family.
     const Commands hd3 = rig.read(3);  // family 3: the steps' values in one extended register
     EXPECT_EQ(Commands(hd3.begin(), hd3.begin() + 4), (Commands{"2300", "2B12", "2B13", "2302"}));
     EXPECT_EQ(hd3.size(), 30u);
