@@ -59,6 +59,7 @@ TEST(FuncEdit, ChangeSentAndKept) {
         SCOPED_TRACE(std::string(c.item) + " " + c.choice);
         Studio rig;
         rig.show(c.camera, c.function, c.item);
+        EXPECT_NE(rig.form2.HScroll1.Enabled, rig.form2.List3.Enabled);  // the window offers one setter
         if (rig.form2.HScroll1.Enabled) {
             rig.form2.HScroll1.setValue(std::stoi(c.choice, nullptr, 16));
         } else {
