@@ -29,12 +29,6 @@ struct LineRig : testing::StationRig {
         port.arrive(wire("06"));
         run(40);
     }
-    // A frame to `camera`, which stays silent through every resend.
-    void silent(int camera) {
-        form1.Option9.click(camera);
-        level(0x7F);
-        run(1200);
-    }
     Answer state(int camera) const { return readout.answer(camera, clock); }
 };
 
@@ -118,7 +112,9 @@ TEST(Line, AnswersAndLog) {
     r.form4.Text1(2).setText("AB2");
     r.acknowledged();  // camera 1
     const auto heard = r.clock;
-    r.silent(2);
+    r.form1.Option9.click(2);  // camera 2 stays silent through every resend
+    r.level(0x7F);
+    r.run(1200);
     r.form1.Option9.click(3);  // camera 3 sends an auto-setup result after its ACK
     r.form1.Command7.click();  // auto black
     r.run(40);
