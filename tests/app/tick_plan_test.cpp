@@ -162,17 +162,6 @@ TEST(TickPlan, WorkFromALaterTimerWaitsForTheNextPoll) {
                                "7000 box No Acknowledge"}));
 }
 
-TEST(TickPlan, AtRestNothingHasWorkButTheRetryOfAMissingDevice) {
-    StationRig rig;
-    rig.run(600);  // both watches count down to -1
-    for (const StationTick& t : rig.ticks) EXPECT_FALSE(t.hasWork(false)) << t.which;
-    const StationTick& poll = rig.ticks.at(TickPlan::Poll);
-    EXPECT_TRUE(poll.hasWork(true));  // a byte waits
-    rig.port.hungUp = true;
-    rig.run(40);
-    EXPECT_TRUE(poll.hasWork(false));  // the device is tried again
-}
-
 TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {
     StationRig rig;
     rig.run(600);
@@ -192,7 +181,6 @@ TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {
     const auto quiet = [](auto t) { return t + CameraAnswers::kRecent + std::chrono::milliseconds(1); };
     EXPECT_EQ(nextMarkChange(rig.station), quiet(heard));
     rig.clock = quiet(heard);
-    EXPECT_EQ(rig.readout.answer(5, rig.clock), Answer::Quiet);
     EXPECT_EQ(nextMarkChange(rig.station), quiet(later));
     rig.clock += std::chrono::minutes(1);
     EXPECT_FALSE(nextMarkChange(rig.station).has_value());
