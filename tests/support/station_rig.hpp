@@ -6,6 +6,7 @@
 // to click, and reads and acts through the station's read-only view and named actions.
 
 #include <chrono>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
