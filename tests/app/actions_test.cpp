@@ -6,14 +6,11 @@
 
 #include <functional>
 
-#include "app/actions.hpp"
-#include "app/availability.hpp"
 #include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {
 
-using namespace std::chrono_literals;
 using testing::Commands;
 using testing::StationRig;
 
@@ -23,33 +20,35 @@ struct StudioRig : StationRig {
         run(1000);
         takeQueued();
     }
-    Actions actions{station};
 };
 
 TEST(Actions, GreyedControlRefusesItsAction) {
     struct Case {
         const char* what;
-        std::function<void(Station&)> grey;
+        std::function<void(StudioRig&)> grey;
         std::function<ActionResult(Actions&)> act;
         std::string refusal;
     };
-    const std::string na = " is not available for this camera now";
+    const std::string na = notAvailable("");
+    const auto bx4 = [](StudioRig& r) { r.form1.Option9.click(6); r.takeQueued(); };  // no filter
+    const auto pt2 = [](StudioRig& r) { r.form1.Option9.click(5); r.takeQueued(); };  // no monitor, no tally
     const std::vector<Case> cases{
-        {"monitor frame", [](Station& s) { s.form1.Frame12.Enabled = false; },
-         [](Actions& a) { return a.setMode(Mode::Monitor, 3); }, "mode monitor" + na},
-        {"filter frame", [](Station& s) { s.form1.Frame17.Enabled = false; },
-         [](Actions& a) { return a.stepFilter(true); }, "the filter" + na},
-        {"tally frame", [](Station& s) { s.form1.Frame19.Enabled = false; },
-         [](Actions& a) { return a.call(true); }, "the call button" + na},
-        {"read button", [](Station& s) { s.form1.Command12.Enabled = false; },
+        {"monitor", pt2, [](Actions& a) { return a.setMode(Mode::Monitor, 3); }, "mode monitor" + na},
+        {"filter", bx4, [](Actions& a) { return a.stepFilter(true); }, "the filter" + na},
+        {"call", pt2, [](Actions& a) { return a.call(true); }, "the call button" + na},
+        {"read under Ack Off", [](StudioRig& r) { r.station.ACK_Click(1); },
          [](Actions& a) { return a.readPage(); }, "page read" + na},
         // LOW of a gain type with a one-bit LOW, already up: the up arrow is at its limit.
-        {"gain at its limit", [](Station& s) {
-             Actions a(s);
-             (void)a.stepGain(0, true);
-             (void)a.dropQueued();
-         },
+        {"gain at its limit", [](StudioRig& r) { (void)r.actions.stepGain(0, true); r.takeQueued(); },
          [](Actions& a) { return a.stepGain(0, true, 3); }, "gain value low up" + na},
+        {"function in GROUP", [](StudioRig& r) { r.form1.Option9.click(0); },
+         [](Actions& a) { return a.chooseFunctionValue(1, 1, 1); },
+         "the selected camera has no functions (GROUP, or no camera type)"},
+        // A ticked box turns a press into another gesture: refused rather than done otherwise.
+        {"COPY ticked", [](StudioRig& r) { r.form1.CamCopy.setValue(1); },
+         [](Actions& a) { return a.selectCamera(2); }, "COPY is ticked on the panel"},
+        {"STORE ticked", [](StudioRig& r) { r.form1.ScnStore.setValue(1); },
+         [](Actions& a) { return a.recallScene(2); }, "STORE is ticked on the panel"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);
@@ -57,101 +56,64 @@ TEST(Actions, GreyedControlRefusesItsAction) {
         const ActionResult done = c.act(offered.actions);
         EXPECT_TRUE(done.ok()) << done.why();
         StudioRig greyed;
-        c.grey(greyed.station);
-        const std::string before = greyed.actions.readout().cameraName(1) + greyed.station.form1.Label2.Caption;
+        c.grey(greyed);
+        const int camera = greyed.readout.selectedCamera();
+        const std::string before = greyed.readout.cameraName(1) + greyed.readout.mainSetting(mWHITE, camera);
         const ActionResult refused = c.act(greyed.actions);
         EXPECT_EQ(refused.status(), ActionResult::Status::Refused);
         EXPECT_EQ(refused.why(), c.refusal);
         greyed.run(200);
         EXPECT_TRUE(greyed.takeQueued().empty());
-        EXPECT_TRUE(greyed.port.takeWritten().empty());
-        EXPECT_EQ(greyed.station.shared.CamNo, 1);
-        EXPECT_EQ(greyed.actions.readout().cameraName(1) + greyed.station.form1.Label2.Caption, before);
+        EXPECT_EQ(greyed.readout.selectedCamera(), camera);
+        EXPECT_EQ(greyed.readout.cameraName(1) + greyed.readout.mainSetting(mWHITE, camera), before);
     }
 }
 
-TEST(Actions, FollowTheWindowsGreyingAndTheGesturesMeaning) {
+TEST(Actions, DoWhatTheClickDoes) {
     StudioRig rig;
     Actions& a = rig.actions;
-    // A camera type without tally greys the tally frame, and CALL with it.
-    ASSERT_TRUE(a.selectCamera(6).ok());
-    EXPECT_FALSE(rig.station.form1.Frame19.Enabled);
-    EXPECT_EQ(a.call(true).status(), ActionResult::Status::Refused);
-    ASSERT_TRUE(a.selectCamera(1).ok());
-    EXPECT_TRUE(a.call(true).ok());
-    EXPECT_TRUE(a.call(false).ok());
-    // GROUP has no functions to choose from.
-    ASSERT_TRUE(a.selectCamera(0).ok());
-    EXPECT_EQ(a.chooseFunctionValue(1, 1, 1).why(), "the selected camera has no functions (GROUP, or no camera type)");
     // An action item (HD3's Auto Setup) is run from its MODE/VALUE list.
     ASSERT_TRUE(a.selectCamera(3).ok());
-    rig.takeQueued();
     int function = 0, item = 0;
-    const std::vector<std::string> titles = a.readout().functionTitles();
-    for (int f = 1; f <= static_cast<int>(titles.size()); ++f)
-        for (int i = 1; i <= a.readout().itemCount(f); ++i)
-            if (a.readout().item(f, i).name() == "Auto Setup") function = f, item = i;
+    for (int f = 1; f <= static_cast<int>(rig.readout.functionTitles().size()); ++f)
+        for (int i = 1; i <= rig.readout.itemCount(f); ++i)
+            if (rig.readout.item(f, i).name() == "Auto Setup") function = f, item = i;
     ASSERT_GT(function, 0);
     EXPECT_TRUE(a.chooseFunctionValue(function, item, 1).ok());
     EXPECT_EQ(rig.takeQueued().size(), 1u);
-    ASSERT_TRUE(a.selectCamera(1).ok());
-    rig.takeQueued();
-    // Ack Off greys "Camera to PC".
-    rig.station.ACK_Click(1);
-    EXPECT_EQ(a.readPage().why(), "page read" + notAvailable(""));
-    rig.station.ACK_Click(0);
-    rig.takeQueued();
-
-    // A ticked box turns a press into another gesture: refused rather than done otherwise.
-    rig.station.form1.CamCopy.setValue(1);
-    EXPECT_EQ(a.selectCamera(2).why(), "COPY is ticked on the panel");
-    rig.station.form1.CamCopy.setValue(0);
-    rig.station.form1.ScnStore.setValue(1);
-    EXPECT_EQ(a.recallScene(2).why(), "STORE is ticked on the panel");
-    rig.station.form1.ScnStore.setValue(0);
-    EXPECT_TRUE(rig.takeQueued().empty());
 
     // A page that does not fit in the queue is not begun.
-    for (int i = 0; i < 250; ++i) rig.station.link.SendCmd("200801FE");
+    for (int i = 0; i < 125; ++i) {
+        rig.form1.OptBar.click(1);
+        rig.form1.OptBar.click(0);
+    }
     const ActionResult full = a.readPage();
     EXPECT_EQ(full.why().rfind("page read needs ", 0), 0u);
-    EXPECT_EQ(rig.station.link.queue().SendCnt(), 250);
-}
-
-TEST(Actions, FailureEndsAtTheBoundary) {
-    StudioRig rig;
-    rig.station.shared.cams.CamFclNo(2) = "9";  // a slot outside the tables
-    const ActionResult failed = rig.actions.selectCamera(2);
-    EXPECT_EQ(failed.status(), ActionResult::Status::Failed);
-    EXPECT_TRUE(failed.acted());
-    EXPECT_EQ(failed.why(), "Run-time error 9: Subscript out of range");
-    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{failed.why()});
-    EXPECT_EQ(rig.station.shared.CtrlReady, 1);
+    EXPECT_EQ(rig.readout.queued(), 250);
 }
 
 // Without camera IDs a frame carries nothing that names its camera: the queue remembers it.
 TEST(Actions, FrameCreditedToTheCameraItWasQueuedFor) {
-    using testing::wire;
     StudioRig rig;
     Actions& a = rig.actions;
-    const auto state = [&](int camera) { return rig.station.line.answers.state(camera, rig.clock); };
+    const auto state = [&](int camera) { return rig.readout.answer(camera, rig.clock); };
 
     ASSERT_TRUE(a.setLevel(Level::Iris, 20).ok());  // for camera 1
     ASSERT_TRUE(a.selectCamera(2).ok());
     ASSERT_TRUE(a.setLevel(Level::Iris, 21).ok());  // for camera 2
     ASSERT_TRUE(a.selectCamera(3).ok());
-    EXPECT_EQ(rig.station.link.queue().entry(1).Camera, 1);
+    EXPECT_EQ(rig.readout.queuedFrame(1).Camera, 1);
     rig.run(40);
-    rig.port.arrive(wire("06"));  // camera 1 acknowledges its frame
+    rig.port.arrive(testing::wire("06"));  // camera 1 acknowledges its frame
     rig.run(40);
     EXPECT_EQ(state(1), Answer::Answering);
     EXPECT_EQ(state(3), Answer::NotHeard);
     // The head moved up: the next frame is camera 2's, and camera 2 stays silent.
-    EXPECT_EQ(rig.station.link.queue().head().Camera, 2);
+    EXPECT_EQ(rig.readout.queuedFrame(1).Camera, 2);
     rig.run(1200);
     EXPECT_EQ(state(2), Answer::NotAnswering);
     EXPECT_EQ(state(3), Answer::NotHeard);
-    const auto& log = rig.station.line.log.entries();
+    const auto& log = rig.forms.log.entries();
     ASSERT_FALSE(log.empty());
     EXPECT_EQ(log.front().what, "No Acknowledge");
     EXPECT_EQ(log.front().camera, 2);

@@ -1,4 +1,4 @@
-// Start-up, the setup menu, the version box, shutdown and the error boundary.
+// Start-up, the setup menu and the error boundary.
 #include <gtest/gtest.h>
 
 #include "tests/support/station_rig.hpp"
@@ -9,55 +9,63 @@ namespace {
 using testing::Commands;
 using testing::StationRig;
 
-TEST(Station, StartsQuiet) {
+TEST(Station, StartsQuietAndAckOffGreysWhatWaitsForAnswers) {
     StationRig rig;
-    Station& s = rig.station;
-    EXPECT_EQ(s.shared.CamNo + s.shared.ScnNo(8) + s.shared.AckMode + s.shared.IDMode, 2);
-    EXPECT_EQ(s.shared.CtrlReady, 1);
+    const StationReadout& r = rig.readout;
+    EXPECT_EQ(r.selectedCamera() + r.sceneOf(8), 2);
+    EXPECT_TRUE(r.handshake() && !r.cameraIdOn() && r.panelLive());
     EXPECT_EQ(rig.port.settings, "9600,N,8,1");
-    EXPECT_TRUE(s.link.Timer1.Enabled && s.link.Timer2.Enabled && s.link.Timer3.Enabled);
-    EXPECT_EQ(s.link.Timer1.Interval, 40);
-    EXPECT_EQ(s.link.Timer3.Interval + s.form1.Timer4.Interval + s.form6.Timer1.Interval, 1500);
-    EXPECT_FALSE(s.form6.Timer1.Enabled);
-    EXPECT_EQ(s.form4.List1.items(), (std::vector<std::string>{"delete", "BX4", "HD3", "PT2", "ST1"}));
+    using T = StationTick;
+    EXPECT_TRUE(rig.ticks[T::Poll].model.Enabled && rig.ticks[T::AckWatch].model.Enabled &&
+                rig.ticks[T::AnswerWatch].model.Enabled);
+    EXPECT_EQ(rig.ticks[T::Poll].model.Interval, 40);
+    EXPECT_EQ(rig.ticks[T::AnswerWatch].model.Interval + rig.ticks[T::FilterRelease].model.Interval +
+                  rig.ticks[T::AutoMessage].model.Interval,
+              1500);
+    EXPECT_FALSE(rig.ticks[T::AutoMessage].model.Enabled);
+    EXPECT_EQ(rig.form4.List1.items(), (std::vector<std::string>{"delete", "BX4", "HD3", "PT2", "ST1"}));
     rig.run(2000);
     EXPECT_TRUE(rig.port.writes.empty());
     EXPECT_TRUE(rig.messages.shown.empty());
-}
 
-TEST(Station, AckOffMenu) {
-    StationRig rig;
-    rig.open(testing::kStudio);  // camera 1 is of a type with tally
-    Station& s = rig.station;
+    // Ack Off in the Setup menu; camera 1 of the studio is of a type with tally.
+    rig.open(testing::kStudio);
+    const Form1& f = rig.form1;
     // Both watches, the BLACK button, the tally group, the filter label, the menu ticks.
     const auto state = [&] {
         std::string out;
-        for (bool on : {s.link.Timer2.Enabled, s.link.Timer3.Enabled, s.form1.Command12.Enabled,
-                        s.form1.Frame19.Enabled, s.form1.Label16.Enabled, s.form1.ACK(0).Checked,
-                        s.form1.ACK(1).Checked})
+        for (bool on : {rig.ticks[StationTick::AckWatch].model.Enabled, rig.ticks[StationTick::AnswerWatch].model.Enabled,
+                        f.Command12.Enabled, f.Frame19.Enabled, f.Label16.Enabled, f.ACK(0).Checked, f.ACK(1).Checked})
             out += on ? '1' : '0';
         return out;
     };
-    s.ACK_Click(1);
-    EXPECT_EQ(s.shared.AckMode, 1);
+    rig.station.ACK_Click(1);
+    EXPECT_FALSE(rig.readout.handshake());
     EXPECT_EQ(state(), "0000001");
-    s.ACK_Click(0);
+    rig.station.ACK_Click(0);
     EXPECT_EQ(state(), "1111110");
-    s.form1.Option9.click(6);  // a type without tally
-    s.ACK_Click(1);
-    s.ACK_Click(0);
+    rig.form1.Option9.click(6);  // a type without tally
+    rig.station.ACK_Click(1);
+    rig.station.ACK_Click(0);
     EXPECT_EQ(state(), "1110110");
 }
 
+// A damaged file gives camera 2 a white setting no button has: selecting it fails half-way
+// through the redraw. The operator is told, the action (and a client) hears why, and the
+// panel answers the next gesture.
 TEST(Station, FailedActionKeepsPanelLive) {
     StationRig rig;
-    Station& s = rig.station;
-    s.shared.cams.CamFclNo(1) = "9";  // a slot outside the tables
-    s.act([&] { s.form1.Option9.setValue(1, false); s.form1.Option9.click(1); });
-    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{"Run-time error 9: Subscript out of range"});
-    EXPECT_EQ(s.shared.CtrlReady, 1);
-    s.shared.cams.CamFclNo(1) = "";
-    s.form1.OptBar.click(1);
+    std::string text = testing::readBytes(testing::kStudio);
+    text.replace(text.find("mWHITE=0,1,2,3,0,1"), 18, "mWHITE=0,1,2,3,0,9");
+    rig.open(rig.folder.write("damaged.csd", text));
+    rig.takeQueued();
+    const ActionResult failed = rig.actions.selectCamera(2);
+    EXPECT_EQ(failed.status(), ActionResult::Status::Failed);
+    EXPECT_TRUE(failed.acted());
+    EXPECT_EQ(failed.why(), "Run-time error 9: Subscript out of range");
+    EXPECT_EQ(rig.messages.texts(), std::vector<std::string>{failed.why()});
+    EXPECT_TRUE(rig.readout.panelLive());
+    rig.form1.OptBar.click(1);
     EXPECT_EQ(rig.takeQueued(), Commands{"200801FE"});
 }
 

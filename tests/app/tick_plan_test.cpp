@@ -98,9 +98,8 @@ Trace asPlanned(const std::vector<Event>& events, long until, std::vector<long>&
 }
 
 TEST(TickPlan, SleepingTimersLoseAndDoubleNoTick) {
-    const auto send = [](const char* command) {
-        return [command](StationRig& r) { r.station.link.SendCmd(command); };
-    };
+    const auto bar = [](int on) { return [on](StationRig& r) { r.form1.OptBar.click(on); }; };
+    const auto level = [](int n) { return [n](StationRig& r) { r.form1.VrRGain.setValue(n); }; };
     const auto arrive = [](Bytes bytes) { return [bytes](StationRig& r) { r.port.arrive(bytes); }; };
     const Bytes bad = [] {
         Bytes b = testing::reply("220801");
@@ -108,23 +107,23 @@ TEST(TickPlan, SleepingTimersLoseAndDoubleNoTick) {
         return b;
     }();
     const std::vector<Event> events{
-        {1003, send("200801FE")},           // queued between ticks: out on the next poll
+        {1003, bar(1)},           // queued between ticks: out on the next poll
         {1111, arrive(testing::wire("06"))},  // its ACK
         {1234, arrive(testing::reply("220801"))},
         {2000, arrive(testing::reply("220800"))},  // on an instant of every grid
         {8000, arrive(bad)},                // NAK, and the 25 s answer watch
-        {9001, send("200801FE")},
-        {9002, send("200800FE")},
+        {9001, bar(1)},
+        {9002, bar(0)},
         {32600, arrive(testing::wire("06"))},
         {34000, [](StationRig& r) { r.station.ACK_Click(1); }},
         // Without handshake the last frame leaves on the poll at 35000, the instant the
         // next pulse is released: the poll has ticked on it and must not tick on it again.
-        {34600, [](StationRig& r) { r.station.form1.RelCount = 1; }},  // a filter pulse
-        {34881, send("30250000")},
-        {34882, send("30250100")},
-        {34883, send("30250200")},
+        {34600, [](StationRig& r) { r.form1.RelCount = 1; }},  // a filter pulse
+        {34881, level(1)},
+        {34882, level(2)},
+        {34883, level(3)},
         {35500, [](StationRig& r) { r.station.ACK_Click(0); }},
-        {35510, [](StationRig& r) { r.station.link.setTestData(6, testing::reply("4000")); }},
+        {35510, [](StationRig& r) { (void)r.actions.consoleFrame(hexText(testing::reply("4000"))); }},
     };
     constexpr long kUntil = 37000;
     int everyPoll = 0;
@@ -141,7 +140,7 @@ TEST(TickPlan, SleepingTimersLoseAndDoubleNoTick) {
     EXPECT_TRUE(has("33500 box No Acknowledge"));
     EXPECT_TRUE(has("32500 box No Answer from Camera"));         // 50 ticks of 500 ms after 8000
     EXPECT_TRUE(has("8000 out 15"));
-    EXPECT_TRUE(has("35000 out " + hexText(testing::frame(testing::wire("30250200"), "", true))));
+    EXPECT_TRUE(has("35000 out " + hexText(testing::frame(testing::wire("30180300"), "", true))));
     EXPECT_TRUE(has("35040 out " + hexText(testing::frame(testing::wire("201400FE"), "", true))));
     EXPECT_EQ(everyPoll, kUntil / 40);
     // And the poll slept while nothing was queued or arriving: from the ACK after the reply
@@ -154,7 +153,7 @@ TEST(TickPlan, SleepingTimersLoseAndDoubleNoTick) {
 // A pulse's release at 6000, an instant of the poll's grid too: the poll slept through its
 // tick there, and the release queued after it, so the frame leaves on the next poll.
 TEST(TickPlan, WorkFromALaterTimerWaitsForTheNextPoll) {
-    const std::vector<Event> events{{5600, [](StationRig& r) { r.station.form1.RelCount = 1; }}};
+    const std::vector<Event> events{{5600, [](StationRig& r) { r.form1.RelCount = 1; }}};
     int everyPoll = 0;
     std::vector<long> plannedPolls;
     const Trace expected = alwaysTicking(events, 8000, everyPoll);
@@ -163,56 +162,28 @@ TEST(TickPlan, WorkFromALaterTimerWaitsForTheNextPoll) {
                                "7000 box No Acknowledge"}));
 }
 
-TEST(TickPlan, AtRestNothingHasWorkButTheRetryOfAMissingDevice) {
-    StationRig rig;
-    rig.run(600);  // both watches count down to -1
-    for (const StationTick& t : rig.ticks) EXPECT_FALSE(t.hasWork(false)) << t.which;
-    const StationTick& poll = rig.ticks.at(TickPlan::Poll);
-    EXPECT_TRUE(poll.hasWork(true));  // a byte waits
-
-    rig.station.line.lost("unplugged");
-    EXPECT_TRUE(poll.hasWork(false));  // the device is tried again
-}
-
 TEST(TickPlan, TheWindowsAreRedrawnWhenAnAnswerGrowsOld) {
     StationRig rig;
+    rig.run(600);
     EXPECT_FALSE(nextMarkChange(rig.station).has_value());  // nobody heard yet
-    const auto heard = rig.clock;
-    rig.station.line.answers.answered(5, heard);
+    const auto acknowledged = [&rig](int camera) {
+        rig.form1.Option9.click(camera);
+        rig.form1.VrRGain.setValue(camera);
+        rig.run(40);
+        rig.port.arrive(testing::wire("06"));
+        rig.run(40);
+        return *rig.readout.lastAnswer(camera);
+    };
+    const auto heard = acknowledged(5);
     rig.clock += std::chrono::seconds(20);
-    rig.station.line.answers.answered(2, rig.clock);
+    const auto later = acknowledged(2);
     // Camera 5's mark turns "quiet" first, just after a minute.
-    EXPECT_EQ(nextMarkChange(rig.station), heard + CameraAnswers::kRecent + std::chrono::milliseconds(1));
-    rig.clock = heard + CameraAnswers::kRecent + std::chrono::milliseconds(1);
-    EXPECT_EQ(rig.station.line.answers.state(5, rig.clock), Answer::Quiet);
-    EXPECT_EQ(nextMarkChange(rig.station), heard + std::chrono::seconds(20) + CameraAnswers::kRecent +
-                                               std::chrono::milliseconds(1));
+    const auto quiet = [](auto t) { return t + CameraAnswers::kRecent + std::chrono::milliseconds(1); };
+    EXPECT_EQ(nextMarkChange(rig.station), quiet(heard));
+    rig.clock = quiet(heard);
+    EXPECT_EQ(nextMarkChange(rig.station), quiet(later));
     rig.clock += std::chrono::minutes(1);
     EXPECT_FALSE(nextMarkChange(rig.station).has_value());
-}
-
-TEST(TickPlan, AWakeTakesTheNextInstantOfTheGridAndALateTickSkipsAhead) {
-    StationRig rig;
-    TickPlan plan(rig.station);
-    plan.update(Millis(0), false);
-    EXPECT_EQ(plan.due(TickPlan::AckWatch), Millis(100));  // AckWait starts at 0
-    EXPECT_FALSE(plan.due(TickPlan::Poll).has_value());
-    plan.update(Millis(1003), true);
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1040));
-    plan.update(Millis(1030), true);  // still awake: the due tick stays
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1040));
-    plan.ticked(TickPlan::Poll, Millis(1040));
-    plan.update(Millis(1040), false);
-    plan.update(Millis(1040), true);  // woken on the instant it has just ticked on
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1080));
-    plan.ticked(TickPlan::Poll, Millis(1250));  // very late: the missed instants are skipped
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(1280));
-
-    plan.restart(Millis(2003));  // after a modal box
-    EXPECT_EQ(plan.due(TickPlan::Poll), Millis(2043));
-    rig.station.link.Timer1.Enabled = false;
-    plan.update(Millis(2010), true);
-    EXPECT_FALSE(plan.on(TickPlan::Poll));
 }
 
 }  // namespace

@@ -1,83 +1,84 @@
-// The auto-message window's life, driven through the real link: request frame on the line,
-// result frame back, text shown, window hidden on time.
+// The auto-message window's life on a started station: request frame on the line, result
+// frame back, text shown, window hidden after its count of 500 ms ticks.
 #include <gtest/gtest.h>
 
-#include "autosetup/auto_setup.hpp"
-#include "tests/link/link_rig.hpp"
-#include "tests/support/frames.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {
 
 using testing::reply;
 using testing::wire;
+using testing::operator+;
 
-// Routes "40" results to the automatic setup, as the station does.
-struct AutoOnly : testing::RecordingDecoders {
-    AutoSetup* autoSetup = nullptr;
-    void RecAuto(const std::string& op, const std::string& result) override { autoSetup->RecAuto(op, result); }
-};
-
-struct AutoRig : testing::BasicLinkRig<AutoOnly> {
-    AutoRig() {
-        decoders.autoSetup = &autoSetup;
-        form6.Timer1.Interval = 500;
-        settle();
+struct AutoRig : testing::StationRig {
+    AutoRig() { run(600); }  // the handshake's start-up wait
+    // Moves the clock to the next instant of the auto message's 500 ms grid.
+    void align() {
+        run(static_cast<int>((500 - now % 500) % 500));
+        aligned = now;
     }
-    // Runs the 500 ms countdown for `ticks` ticks; whether the window is still up after them.
-    bool visibleAfter(int ticks) {
-        for (int i = 0; i < ticks; ++i)
-            if (form6.Timer1.Enabled) autoSetup.Timer1_Timer();
-        return form6.form.Visible;
+    // Whether the window stays up until the `instants`th grid instant after the alignment,
+    // and is gone on it.
+    bool hidesAfter(int instants) {
+        run(static_cast<int>(aligned + instants * 500 - 20 - now));
+        const bool stayed = readout.autoShown();
+        run(20);
+        return stayed && !readout.autoShown();
     }
-
-    Form6 form6;
-    AutoSetup autoSetup{shared, link, form6};
+    long aligned = 0;
 };
 
 TEST(AutoSetup, WhiteOkHides) {
     AutoRig rig;
-    rig.autoSetup.Command8_Click();
-    EXPECT_EQ(rig.form6.Label1.Caption + " / " + rig.form6.Label2.Caption, "AUTO WHITE / Now doing");
-    EXPECT_EQ(rig.tick(), wire("02 02 40 10 AD FF"));
-    rig.tick(wire("06"));
-    EXPECT_TRUE(rig.visibleAfter(20));  // no result yet: the countdown has not started
-    EXPECT_EQ(rig.tick(reply("40 10 01")), wire("06"));
-    EXPECT_EQ(rig.form6.Label2.Caption, "OK : COLOR TEMP.=3200K");
-    EXPECT_TRUE(rig.visibleAfter(2));
-    EXPECT_FALSE(rig.visibleAfter(1));
-    EXPECT_FALSE(rig.form6.Timer1.Enabled);
+    rig.form1.Command8.click();
+    EXPECT_EQ(rig.readout.autoOperation() + " / " + rig.readout.autoResult(), "AUTO WHITE / Now doing");
+    rig.run(40);
+    EXPECT_EQ(rig.port.takeWritten(), wire("02 02 40 10 AD FF"));
+    rig.port.arrive(wire("06"));
+    rig.run(10000);  // no result yet: the countdown has not started
+    EXPECT_TRUE(rig.readout.autoShown());
+    rig.align();
+    rig.port.arrive(reply("401001"));
+    rig.run(40);
+    EXPECT_EQ(rig.port.takeWritten(), wire("06"));
+    EXPECT_EQ(rig.readout.autoResult(), "OK : COLOR TEMP.=3200K");
+    EXPECT_TRUE(rig.hidesAfter(3));
+    EXPECT_FALSE(rig.ticks[StationTick::AutoMessage].model.Enabled);
 }
 
-TEST(AutoSetup, BlackNgAndUnknown) {
+TEST(AutoSetup, BlackNgUnknownLateAndAckOff) {
     AutoRig rig;
-    rig.autoSetup.Command7_Click();
-    EXPECT_EQ(rig.form6.Label1.Caption, "AUTO BLACK");
-    rig.tick(reply("40 20 18"));
-    EXPECT_EQ(rig.form6.Label2.Caption, "NG : ????");
-    EXPECT_TRUE(rig.visibleAfter(5));
-    EXPECT_FALSE(rig.visibleAfter(1));
+    rig.form1.Command7.click();
+    EXPECT_EQ(rig.readout.autoOperation(), "AUTO BLACK");
+    rig.align();
+    rig.port.arrive(wire("06") + reply("402018"));
+    rig.run(40);
+    EXPECT_EQ(rig.readout.autoResult(), "NG : ????");
+    EXPECT_TRUE(rig.hidesAfter(6));
 
     // A result for an operation the station does not know leaves the text and only counts down.
-    rig.autoSetup.Command7_Click();
-    rig.tick(reply("40 05 00"));
-    EXPECT_EQ(rig.form6.Label2.Caption, "Now doing");
-    EXPECT_TRUE(rig.visibleAfter(5));
-    EXPECT_FALSE(rig.visibleAfter(1));
+    rig.form1.Command7.click();
+    rig.align();
+    rig.port.arrive(wire("06") + reply("400500"));
+    rig.run(40);
+    EXPECT_EQ(rig.readout.autoResult(), "Now doing");
+    EXPECT_TRUE(rig.hidesAfter(6));
 
     // A result after the window was hidden does not show it again.
-    rig.autoSetup.RecAuto("10", "13");
-    EXPECT_FALSE(rig.form6.form.Visible);
-    EXPECT_EQ(rig.form6.Label2.Caption, "NG : LOW LIGHT");
-}
+    rig.port.arrive(reply("401013"));
+    rig.run(80);
+    EXPECT_FALSE(rig.readout.autoShown());
+    EXPECT_EQ(rig.readout.autoResult(), "NG : LOW LIGHT");
 
-TEST(AutoSetup, AckOffHides) {
-    AutoRig rig;
-    rig.shared.AckMode = 1;
-    rig.autoSetup.Command7_Click();
-    EXPECT_EQ(rig.tick(), wire("06 02 02 40 20 9D FF"));
-    EXPECT_TRUE(rig.visibleAfter(3));
-    EXPECT_FALSE(rig.visibleAfter(1));
+    // Under Ack Off no result is awaited: the countdown starts at once.
+    rig.port.takeWritten();
+    rig.station.ACK_Click(1);
+    rig.align();
+    rig.form1.Command7.click();
+    rig.run(40);
+    EXPECT_EQ(rig.port.takeWritten(), wire("06 02 02 40 20 9D FF"));
+    EXPECT_TRUE(rig.hidesAfter(4));
 }
 
 }  // namespace

@@ -6,7 +6,6 @@
 
 #include "funcedit/function_items.hpp"
 #include "tests/support/station_rig.hpp"
-#include "tests/support/temp_folder.hpp"
 
 namespace station {
 namespace {
@@ -22,63 +21,57 @@ struct Studio : StationRig {
 
     // Selects a camera and shows one item of one function, without sending.
     void show(int camera, const std::string& function, const std::string& item) {
-        s.form1.Option9.click(camera);
-        s.form2.List1.setListIndex(indexOf(s.form2.List1, function));
-        s.form2.List2.setListIndex(indexOf(s.form2.List2, item));
+        form1.Option9.click(camera);
+        choose(form2.List1, function);
+        choose(form2.List2, item);
         EXPECT_TRUE(takeQueued().empty());
     }
-    // The entry that reads `text`, or an item's line that starts with it.
-    static int indexOf(const ListBox& list, const std::string& text) {
-        for (int i = 0; i < list.listCount(); ++i)
-            if (list.list(i) == text || list.list(i).rfind(text + ":", 0) == 0) return i;
-        throw std::out_of_range(text);
+    // What the selected camera keeps for an item code: its working copy's, or its one value.
+    std::string stored(const std::string& code) const {
+        for (const auto& [c, v] : readout.functionSettings(readout.selectedCamera()))
+            if (c == code) return v;
+        return "(no row)";
     }
-    std::string stored(const char* key, const char* code) {
-        const std::string* v = s.editor.storedValue(key, code);
-        return v ? *v : "(no row)";
+    std::string line(const std::string& item) const {
+        for (const std::string& l : form2.List2.items())
+            if (l.rfind(item + ":", 0) == 0) return l;
+        return "(no line)";
     }
-    std::string line(const std::string& item) { return s.form2.List2.list(indexOf(s.form2.List2, item)); }
-
-    Station& s = station;
-};
-
-struct Change {
-    int camera;
-    const char* function;
-    const char* item;
-    const char* choice;  // a value's name, or the analog value as a number in hex
-    const char* sent;
-    const char* key;     // the store: "FS" or "F"
-    const char* code;    // its row
-    const char* kept;    // what the row keeps afterwards
 };
 
 TEST(FuncEdit, ChangeSentAndKept) {
-    const Change changes[] = {
-        {1, "Gamma", "Gamma Mode", "CINE", "204002FC", "FS", "2040FC", "02"},
-        {1, "Gamma", "Gamma Level", "7F", "30507F00", "FS", "3050", "7F"},
-        {1, "Knee", "Knee Point", "20", "30514000", "FS", "3051", "40"},  // below MIN: held at MIN
-        {4, "Shutter", "Clear Scan", "02A8", "305F02A8", "F", "305F", "02A8"},  // two value bytes, high first
-        {1, "Shutter", "Shutter Speed", "1/250", "30550200", "F", "3055", "02"},
-        {4, "Shutter", "Shutter Speed", "1/60.0", "30550015", "F", "3055", "0015"},  // a variable-shutter step
-        {2, "System", "Auto Setup", "AUTO KNEE", "4031", "F", "", ""},
+    const struct {
+        int camera;
+        const char *function, *item;
+        const char* choice;  // a value's name, or the analog value as a number in hex
+        const char* sent;
+        const char *code, *kept;  // its row, and what the row keeps afterwards
+    } changes[] = {
+        {1, "Gamma", "Gamma Mode", "CINE", "204002FC", "2040FC", "02"},
+        {1, "Gamma", "Gamma Level", "7F", "30507F00", "3050", "7F"},
+        {1, "Knee", "Knee Point", "20", "30514000", "3051", "40"},  // below MIN: held at MIN
+        {4, "Shutter", "Clear Scan", "02A8", "305F02A8", "305F", "02A8"},  // two value bytes, high first
+        {1, "Shutter", "Shutter Speed", "1/250", "30550200", "3055", "02"},
+        {4, "Shutter", "Shutter Speed", "1/60.0", "30550015", "3055", "0015"},  // a variable-shutter step
+        {2, "System", "Auto Setup", "AUTO KNEE", "4031", "", ""},
     };
-    for (const Change& c : changes) {
+    for (const auto& c : changes) {
         SCOPED_TRACE(std::string(c.item) + " " + c.choice);
         Studio rig;
         rig.show(c.camera, c.function, c.item);
-        if (rig.s.form2.HScroll1.Enabled) {
-            rig.s.form2.HScroll1.setValue(std::stoi(c.choice, nullptr, 16));
+        EXPECT_NE(rig.form2.HScroll1.Enabled, rig.form2.List3.Enabled);  // the window offers one setter
+        if (rig.form2.HScroll1.Enabled) {
+            rig.form2.HScroll1.setValue(std::stoi(c.choice, nullptr, 16));
         } else {
-            rig.s.form2.List3.setListIndex(Studio::indexOf(rig.s.form2.List3, c.choice));
+            Studio::choose(rig.form2.List3, c.choice);
         }
         EXPECT_EQ(rig.takeQueued(), Commands{c.sent});
         if (*c.code != '\0') {
-            EXPECT_EQ(rig.stored(c.key, c.code), c.kept);
+            EXPECT_EQ(rig.stored(c.code), c.kept);
         } else {  // an action keeps nothing; its result is shown by the "Auto Message" window
-            EXPECT_EQ(rig.s.form2.List3.listIndex(), -1);
-            EXPECT_TRUE(rig.s.form6.form.Visible);
-            EXPECT_EQ(rig.s.form6.Label1.Caption, c.choice);
+            EXPECT_EQ(rig.form2.List3.listIndex(), -1);
+            EXPECT_TRUE(rig.readout.autoShown());
+            EXPECT_EQ(rig.readout.autoOperation(), c.choice);
         }
     }
 }
@@ -98,44 +91,6 @@ TEST(FuncEdit, StepGrid) {
     EXPECT_EQ((std::vector<long>{wide.digits, wide.min, wide.max, wide.step}), (std::vector<long>{4, 0, 0xFFFF, 1}));
 }
 
-TEST(FuncEdit, ValueInItsForm) {
-    TypeTables t;
-    auto item = [&](const char* kind, std::vector<std::pair<const char*, const char*>> values) {
-        t.ItemList(1, 1, 1) = kind;
-        int k = 0;
-        for (const auto& [name, code] : values) {
-            ++k;
-            t.ModeList(1, 1, 1, k, 0) = name;
-            t.ModeList(1, 1, 1, k, 1) = code;
-        }
-        t.ModeList(1, 1, 1, 0, 0) = std::to_string(k);
-        return FunctionItem(t, 1, 1, 1);
-    };
-    struct Case {
-        const char* stored;
-        const char* shown;
-        bool clamped;
-    };
-    const auto check = [](const FunctionItem& it, std::initializer_list<Case> cases) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.stored);
-            const FunctionItem::Value v = it.valueOf(c.stored);
-            EXPECT_EQ(v.text, c.shown);
-            EXPECT_EQ(v.clamped, c.clamped);
-        }
-    };
-    // Analog rows: SIZE, MIN, MAX, STEP in the first four value cells.
-    check(item("A", {{"SIZE", "2"}, {"MIN", "10"}, {"MAX", "C0"}, {"STEP", "01"}}),
-          {{"7", "10", true}, {"1a", "1A", false}, {"0C0", "C0", false}, {"1A0", "C0", true}, {"7g", "", false},
-           {"", "", false}});
-    check(item("A", {{"SIZE", "4"}, {"MIN", "0000"}, {"MAX", "0200"}, {"STEP", "01"}}),
-          {{"1A0", "01A0", false}, {"1", "0001", false}, {"FFFFFFFF", "0200", true}});
-    check(item("M", {{"OFF", "00"}, {"ON", "01"}}), {{"1", "01", false}, {"0a", "0A", false}, {"1FC", "", false}});
-    // A shutter item: two-digit speeds, then (for want of a shutter table here) none of its steps.
-    check(item("S", {{"1/100", "01"}, {"1/250", "02"}}),
-          {{"2", "02", false}, {"18", "18", false}, {"018", "0018", false}, {"10000", "", false}});
-}
-
 // A hand-edited file holds values in other forms: the editor shows and sends what they denote,
 // in each item's form and range, tells about a value it had to bring into range, and a save
 // writes the file's own texts back until the operator changes an item.
@@ -147,76 +102,69 @@ TEST(FuncEdit, HandWrittenValuesGoOutAsShown) {
         ASSERT_NE(at, std::string::npos) << from;
         text.replace(at, std::string(from).size(), to);
     }
-    testing::TempFolder folder;
-    StationRig rig;
-    rig.open(folder.write("hand.csd", text));
+    Studio rig;  // then the hand-edited file
+    rig.open(rig.folder.write("hand.csd", text));
     rig.takeQueued();
-    Station& s = rig.station;
-    s.form1.Option9.click(1);
-    s.form2.List1.setListIndex(Studio::indexOf(s.form2.List1, "Gamma"));
-    EXPECT_EQ(s.form2.List2.list(0), "Gamma Mode: CINE");
-    EXPECT_EQ(s.form2.List2.list(1), "Gamma Level: 0A");
-    EXPECT_EQ(s.form2.List2.list(2), "Black Gamma: HIGH");
-    s.form2.List2.setListIndex(1);
-    EXPECT_EQ(s.form2.HScroll1.value(), 0x0A);
-    s.pages.Command3_Click();  // "1Page to CAM"
+    Form2& f = rig.form2;
+    rig.form1.Option9.click(1);
+    Studio::choose(f.List1, "Gamma");
+    EXPECT_EQ(f.List2.list(0), "Gamma Mode: CINE");
+    EXPECT_EQ(f.List2.list(1), "Gamma Level: 0A");
+    EXPECT_EQ(f.List2.list(2), "Black Gamma: HIGH");
+    f.List2.setListIndex(1);
+    EXPECT_EQ(f.HScroll1.value(), 0x0A);
+    rig.form1.Command3.click();  // "1Page to CAM"
     EXPECT_EQ(rig.takeQueued(), (Commands{"204002FC", "30500A00", "204008F3"}));
 
-    s.form2.List1.setListIndex(Studio::indexOf(s.form2.List1, "Knee"));
-    EXPECT_EQ(s.form2.List2.list(2), "Knee Point: 40");
-    EXPECT_EQ(s.form2.List2.list(3), "Knee Slope: 15");
+    Studio::choose(f.List1, "Knee");
+    EXPECT_EQ(f.List2.list(2), "Knee Point: 40");
+    EXPECT_EQ(f.List2.list(3), "Knee Slope: 15");
     const std::string told = "Knee, Knee Point: the stored value 20 is outside 40 to C0; 40 is shown and sent";
-    EXPECT_EQ(s.notice.last(), told);
+    EXPECT_EQ(rig.forms.notice.last(), told);
     EXPECT_EQ(rig.logged().front(), told);
-    s.pages.Command3_Click();
-    s.pages.Command3_Click();  // told once
+    rig.form1.Command3.click();
+    rig.form1.Command3.click();  // told once
     EXPECT_EQ(rig.takeQueued(), (Commands{"204100FE", "204100FD", "30514000", "30521500", "204100FE", "204100FD",
                                           "30514000", "30521500"}));
     const std::vector<std::string> logged = rig.logged();
     EXPECT_EQ(std::count(logged.begin(), logged.end(), told), 1);
 
     // Saved as the file had it; an item the operator changes holds its new value in its form.
-    s.form2.List2.setListIndex(3);
-    s.form2.HScroll1.setValue(0x16);
-    EXPECT_EQ(*s.editor.storedValue("FS", "3052"), "16");
-    s.setupFile.FileName = (folder / "saved.csd").string();
-    s.SAVE_Click();
-    const std::string saved = testing::readBytes(folder / "saved.csd");
+    f.List2.setListIndex(3);
+    f.HScroll1.setValue(0x16);
+    EXPECT_EQ(rig.stored("3052"), "16");
+    rig.dialogs.saveAnswer = (rig.folder.path() / "saved.csd").string();
+    rig.station.SAVE_AS_Click();
+    const std::string saved = testing::readBytes(rig.folder.path() / "saved.csd");
     for (const char* kept : {"\r\n2040FC=2,", "\r\n3050=a,", "\r\n2040F3=8,", "\r\n3051=20,", "\r\n3052=015,"})
         EXPECT_NE(saved.find(kept), std::string::npos) << kept;
 }
 
-struct Reply {
-    const char* frame;  // reply data bytes
-    const char* key;
-    const char* code;
-    const char* kept;
-    const char* shown;  // the item's line, or "" when its page is not shown
-};
-
 TEST(FuncEdit, ReplyKeptAndShown) {
-    const Reply replies[] = {
-        {"224009", "FS", "2040FC", "01", "Gamma Mode: FILM"},    // one register, two mode items:
-        {"224009", "FS", "2040F3", "08", "Black Gamma: HIGH"},   // each takes its own bits
-        {"22400B", "FS", "2040FC", "03", "Gamma Mode: unknown (03)"},
-        {"3250C4", "FS", "3050", "C4", "Gamma Level: C4"},
-        {"32550200", "F", "3055", "02", ""},      // a named speed from a two-byte level
-        {"3255000A", "F", "3055", "000A", ""},    // a variable-shutter step
-        {"2A4401", "F", "2044FE", "01", ""},      // class 28's reply leaves register 20/44 alone
+    const struct {
+        const char *frame, *code, *kept;  // reply data bytes, the row and what it keeps
+        const char* shown;  // the item's line, or "" when its page is not shown
+    } replies[] = {
+        {"224009", "2040FC", "01", "Gamma Mode: FILM"},    // one register, two mode items:
+        {"224009", "2040F3", "08", "Black Gamma: HIGH"},   // each takes its own bits
+        {"22400B", "2040FC", "03", "Gamma Mode: unknown (03)"},
+        {"3250C4", "3050", "C4", "Gamma Level: C4"},
+        {"32550200", "3055", "02", ""},      // a named speed from a two-byte level
+        {"3255000A", "3055", "000A", ""},    // a variable-shutter step
+        {"2A4401", "2044FE", "01", ""},      // class 28's reply leaves register 20/44 alone
     };
-    for (const Reply& r : replies) {
+    for (const auto& r : replies) {
         SCOPED_TRACE(r.frame);
         Studio rig;
         rig.show(2, "Gamma", "Gamma Mode");  // camera 2 works in scene 2
-        const std::string cameraOne = rig.s.stores.FuncScnData(1, 1, 0);
-        const std::string sceneTwo = rig.s.stores.FuncScnData(1, 2, 2);
+        const auto cameraOne = rig.readout.functionSettings(1);
         rig.port.arrive(testing::frame(testing::wire(r.frame)));
         rig.run(80);
-        EXPECT_EQ(rig.stored(r.key, r.code), r.kept);
+        EXPECT_EQ(rig.stored(r.code), r.kept);
         if (*r.shown != '\0') {
             EXPECT_EQ(rig.line(std::string(r.shown).substr(0, std::string(r.shown).find(':'))), r.shown);
         }
-        EXPECT_EQ(rig.s.stores.FuncScnData(1, 1, 0) + rig.s.stores.FuncScnData(1, 2, 2), cameraOne + sceneTwo);
+        EXPECT_EQ(rig.readout.functionSettings(1), cameraOne);
         EXPECT_TRUE(rig.takeQueued().empty());
     }
 }

@@ -1,82 +1,30 @@
-// The station's link engine against the simulated camera line: what a real line does.
+// The station on the simulated camera line of the sample studio: what a real line does to
+// its frames (NAKs, replies cut in two or behind stray bytes, camera IDs, GROUP), told by
+// what the cameras hold and what the station read back.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "common/hex.hpp"
-#include "tests/integration/link_line_rig.hpp"
-#include "tests/support/frames.hpp"
+#include "tests/support/studio_line_rig.hpp"
 
 namespace station {
 namespace {
 
 using namespace std::chrono_literals;
-using testing::LinkLineRig;
-using testing::wire;
-using Calls = std::vector<std::string>;
 
-std::size_t count(const std::vector<sim::Traffic>& ts, const Bytes& bytes) {
-    return static_cast<std::size_t>(
-        std::count_if(ts.begin(), ts.end(), [&](const sim::Traffic& t) { return t.bytes == bytes; }));
-}
-
-// The decoder calls of one level reply "32 <address> <value>", repeated `times`.
-Calls level(const std::string& address, const std::string& value, int times = 1) {
-    Calls out;
-    for (int i = 0; i < times; ++i) {
-        out.push_back("RecAnalogMain(32," + address + "," + value + ")");
-        out.push_back("RecAnalogFunc(32," + address + "," + value + ",)");
+struct Studio : testing::StudioLineRig {
+    // Runs until nothing is queued or awaited, or the limit passes.
+    bool settle() {
+        return ticks.runUntil([this] { return readout.queued() == 0 && readout.ackWaitTicks() == -1; }, 10s);
     }
-    return out;
-}
+};
 
-TEST(SimLink, RegistersAnswered) {
-    LinkLineRig rig;
-    sim::Camera& cam = rig.camera(1);
-    cam.setMode(0x04, 0x0D);
-    cam.setWide(0x40, true);
-    cam.setLevel(0x40, 0x1234);
-    for (const char* cmd : {"2304", "33400000", "281208F3", "30187F00"}) rig.link.SendCmd(cmd);
-    ASSERT_TRUE(rig.settleQueue());
-    rig.ticks.run(200ms);
-    EXPECT_EQ(rig.decoders.calls,
-              (Calls{"RecModeMain(22,04,0D)", "RecModeFunc(22,04,0D)", "RecAnalogMain(32,40,12)",
-                     "RecAnalogFunc(32,40,12,34)", "RecModeMain(2A,12,08)", "RecModeFunc(2A,12,08)",
-                     "RecAnalogMain(32,18,7F)", "RecAnalogFunc(32,18,7F,)"}));
-    EXPECT_TRUE(rig.messages.shown.empty());
-}
-
-TEST(SimLink, SilentCameraNoAck) {
-    LinkLineRig rig;
-    rig.camera(1).faults.silent = true;
-    rig.link.SendCmd("200801FE");
-    rig.link.SendCmd("200800FE");
-    rig.ticks.run(1700ms);
-    const auto writes = rig.stationWrites();
-    ASSERT_EQ(writes.size(), 2u);  // the first is dropped, not resent
-    ASSERT_EQ(rig.messages.texts(), Calls{"No Acknowledge"});
-    const sim::Micros waited = rig.shownAt[0] - writes[0].at;
-    EXPECT_GE(waited, 900ms);  // ten ticks of the 100 ms watch
-    EXPECT_LE(waited, 1000ms);
-    EXPECT_LE(writes[1].at - rig.shownAt[0], 40ms);  // the next frame on the next poll
-}
-
-TEST(SimLink, NakStorm) {
-    LinkLineRig rig;
-    rig.camera(1).faults.nak = 40;  // about 1.6 s of NAKs, longer than one acknowledge watch
-    rig.link.SendCmd("302B4000");
-    ASSERT_TRUE(rig.settleQueue(5s));
-    rig.ticks.run(200ms);
-    EXPECT_EQ(count(rig.stationWrites(), wire("02 04 30 2B 40 00 60 FF")), 41u);
-    EXPECT_TRUE(rig.messages.shown.empty());
-    EXPECT_EQ(rig.decoders.calls, level("2B", "40"));
-}
-
-TEST(SimLink, SplitAndNoisyReplies) {
+TEST(StudioLine, SplitAndNoisyReplies) {
     for (int at = 0; at <= 6; ++at) {
-        LinkLineRig rig;
-        sim::Camera& cam = rig.camera(1);
+        Studio rig;
+        sim::Camera& cam = rig.line.at(1);
         cam.setLevel(0x18, 0x44);
+        cam.setMode(0x08, 1);
         if (at == 0) {
             cam.faults.noise = sim::Faults::kEvery;
             cam.faults.noiseBytes = 9;
@@ -84,43 +32,39 @@ TEST(SimLink, SplitAndNoisyReplies) {
             cam.faults.split = sim::Faults::kEvery;
             cam.faults.splitAt = at;
         }
-        rig.link.SendCmd("3318");
-        rig.link.SendCmd("3318");
-        ASSERT_TRUE(rig.settleQueue()) << at;
+        ASSERT_TRUE(rig.actions.readPage().ok());
+        ASSERT_TRUE(rig.settle()) << at;
         rig.ticks.run(300ms);
-        EXPECT_EQ(rig.decoders.calls, level("18", "44", 2)) << at;
-        // Cut right after its STX, a reply leaves a lone STX whose length byte the poll
-        // reads before it has come: that poll ends with error 5, the next takes the frame.
-        EXPECT_EQ(rig.errors, (at == 1 ? std::vector<int>{5, 5} : std::vector<int>{})) << at;
+        EXPECT_EQ(rig.readout.mainSetting(aRGAIN, 1) + rig.readout.mainSetting(mBar, 1), "681") << at;
+        EXPECT_TRUE(rig.messages.shown.empty()) << at;
     }
 }
 
-TEST(SimLink, IdModeAndGroup) {
-    LinkLineRig rig;
-    rig.shared.IDMode = 1;
-    rig.line.setIdMode(true);
-    Calls expected;
-    for (int n = 1; n <= 8; ++n) {
-        rig.camera(n);
-        rig.shared.cams.CamID(n) = std::to_string(n);
-        rig.shared.CamNo = static_cast<Integer>(n);
-        const std::string v = hexByte(static_cast<std::uint8_t>(n * 16));
-        rig.link.SendCmd("3018" + v + "00");
-        const Calls calls = level("18", v);
-        expected.insert(expected.end(), calls.begin(), calls.end());
+TEST(StudioLine, NakStormIdModeAndGroup) {
+    Studio rig;
+    ASSERT_TRUE(rig.readout.cameraIdOn());  // the studio addresses its cameras by ID
+    rig.line.at(1).faults.nak = 40;  // about 1.6 s of NAKs, longer than one acknowledge watch
+    ASSERT_TRUE(rig.actions.setLevel(Level::Mblk, 0x40).ok());
+    ASSERT_TRUE(rig.settle());
+    const auto frames = rig.stationFrames();
+    EXPECT_EQ(std::count(frames.begin(), frames.end(), "012020310204302B4000EDFE"), 41);
+    EXPECT_EQ(rig.line.at(1).level(0x2B), 0x40);
+    for (int n = 1; n <= 6; ++n) {
+        ASSERT_TRUE(rig.actions.selectCamera(n).ok());
+        ASSERT_TRUE(rig.actions.setLevel(Level::RGain, n * 16).ok());
     }
-    ASSERT_TRUE(rig.settleQueue());
-    rig.ticks.run(200ms);
-    EXPECT_EQ(rig.decoders.calls, expected);
-    for (int n = 1; n <= 8; ++n) EXPECT_EQ(rig.line.at(n).framesHeard, 1) << n;
+    ASSERT_TRUE(rig.settle());
+    for (int n = 1; n <= 6; ++n) EXPECT_EQ(rig.line.at(n).level(0x18), n * 16) << n;
+    EXPECT_TRUE(rig.messages.shown.empty());
 
-    const std::size_t sends = rig.cameraSends().size();
-    rig.shared.CamNo = 0;  // GROUP: no ID, no handshake, every camera applies, none answers
-    rig.link.SendCmd("200801FE");
-    rig.link.SendCmd("302B2000");
+    // GROUP: no ID, no handshake, every camera applies, none answers.
+    rig.traffic.clear();
+    ASSERT_TRUE(rig.actions.selectCamera(0).ok());
+    ASSERT_TRUE(rig.actions.setLevel(Level::Mblk, 0x20).ok());
     rig.ticks.run(2s);
-    for (int n = 1; n <= 8; ++n) EXPECT_EQ(rig.line.at(n).mode(0x08) + rig.line.at(n).level(0x2B), 0x21) << n;
-    EXPECT_EQ(rig.cameraSends().size(), sends);
+    for (int n = 1; n <= 6; ++n) EXPECT_EQ(rig.line.at(n).level(0x2B), 0x20) << n;
+    EXPECT_TRUE(std::none_of(rig.traffic.begin(), rig.traffic.end(),
+                             [](const sim::Traffic& t) { return t.from == sim::Traffic::From::Camera; }));
     EXPECT_TRUE(rig.messages.shown.empty());
 }
 

@@ -1,145 +1,132 @@
-// What the operator's gestures on the main panel store and put in the send queue.
+// What the operator's gestures on the main panel store and put on the line, for each of the
+// sample studio's camera types.
 #include <gtest/gtest.h>
 
-#include "tests/panel/panel_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {
 
 using testing::Commands;
-using testing::PanelRig;
 
-TEST(Panel, ModeButtons) {
-    PanelRig rig;
-    rig.form.OptBar.click(1);
-    rig.form.OptDtl.click(1);
-    rig.form.OptSht.click(1);
-    rig.form.OptWhite.click(3);
-    rig.form.OptIris.click(2);
-    rig.form.OptMonsel.click(16);
-    EXPECT_EQ(rig.takeQueued(), (Commands{"200801FE", "200210EF", "200501FE", "20040CF3", "200402FC", "200F10E0"}));
-    EXPECT_EQ(rig.field(mBar) + rig.field(mWHITE) + rig.field(mMONSEL), "1316");
-
-    rig.shared.CtrlReady = 0;
-    rig.form.OptBar.click(0);
-    rig.form.VrMblk.setValue(20);
-    EXPECT_TRUE(rig.takeQueued().empty());
-    EXPECT_EQ(rig.field(mBar) + rig.field(aMBLK), "1");
-    EXPECT_EQ(rig.form.Label3.Caption, "20");  // the number label follows the bar always
-}
-
-TEST(Panel, GainButtons) {
-    PanelRig rig;
-    rig.field(mLOW) = "1";
-    rig.field(mMID) = "2";
-    rig.field(mHIGH) = "1";
-    for (const int button : {0, 1, 2, 3}) rig.form.OptGain.click(button);  // no fourth step in family 0
-    EXPECT_EQ(rig.takeQueued(), (Commands{"20014080", "20010380", "20010680"}));
-    EXPECT_EQ(rig.field(mMID), "2");  // the offsets are not stored back
-
-    const std::pair<int, int> presses[] = {{1, 2}, {2, 0}, {2, 2}, {3, 1}, {7, 2}};
-    for (const auto& [type, button] : presses) {
-        rig.gainType(type);
-        rig.form.OptGain.click(button);
+// The studio opened; camera 1 (ST1, gain family 0), 3 (HD3, family 3), 5 (PT2, family 1,
+// filter pulses) and 6 (BX4, family 2).
+struct Studio : testing::StationRig {
+    explicit Studio(int camera = 1, const std::string& file = testing::kStudio) {
+        open(file);
+        form1.Option9.click(camera);
+        takeQueued();
     }
-    EXPECT_EQ(rig.takeQueued(), (Commands{"2001409F", "281200F3", "281208F3", "281204F3"}));
-    rig.shared.cams.CamFclNo(1) = "9";  // a slot outside the tables
-    EXPECT_THROW(rig.form.OptGain.click(1), RuntimeError);
-}
+};
 
-TEST(Panel, LevelBars) {
-    PanelRig rig;
-    rig.form.VrMblk.setValue(10);
-    rig.form.VrDtl.setValue(-1);
-    rig.form.VrRGain.setValue(-128);
-    rig.form.VrBGain.setValue(127);
-    rig.form.VrRBlk.setValue(1);
-    rig.form.VrBBlk.setValue(2);
-    rig.form.VrIris.setValue(5);  // iris mode 0: kept, not sent
+TEST(Panel, ModeButtonsAndLevelBars) {
+    Studio rig;
+    Form1& f = rig.form1;
+    f.OptBar.click(1);
+    f.OptDtl.click(0);
+    f.OptSht.click(1);
+    f.OptWhite.click(3);
+    f.OptMonsel.click(3);
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200801FE", "200200EF", "200501FE", "20040CF3", "200F03E0"}));
+    EXPECT_EQ(rig.field(mBar, 1) + rig.field(mWHITE, 1) + rig.field(mMONSEL, 1), "133");
+    f.VrMblk.setValue(10);
+    f.VrDtl.setValue(-1);
+    f.VrRGain.setValue(-128);
+    f.VrBGain.setValue(127);
+    f.VrRBlk.setValue(1);
+    f.VrBBlk.setValue(2);
     EXPECT_EQ(rig.takeQueued(), (Commands{"302B0A00", "302CFF00", "30188000", "301A7F00", "30210100", "30230200"}));
-    EXPECT_EQ(rig.field(aDTL) + rig.field(aIRIS), "-15");
-    for (const char* mode : {"1", "2", "3"}) {
-        rig.field(mIRIS) = mode;
-        rig.form.VrIris.setValue(rig.form.VrIris.value() + 1);
+    EXPECT_EQ(rig.field(aDTL, 1) + f.Label3.Caption, "-110");
+    // The iris level goes to the register of the iris mode; in mode 0 and 3 it is only kept.
+    for (int mode : {0, 1, 2, 3}) {
+        f.OptIris.click(mode);
+        f.VrIris.setValue(5 + mode);
     }
-    EXPECT_EQ(rig.takeQueued(), (Commands{"302E0600", "30390700"}));
+    EXPECT_EQ(rig.takeQueued(), (Commands{"200400FC", "200401FC", "302E0600", "200402FC", "30390700", "200403FC"}));
+    EXPECT_EQ(rig.field(aIRIS, 1), "8");
 }
 
-// The gain-step spin buttons trim LOW, MID or HIGH within their gain type's register.
-TEST(Panel, GainSteps) {
+TEST(Panel, GainButtonsByFamily) {
     const struct {
-        int type, index, presses;
-        Commands sent;
-        const char* kept;
+        int camera;
+        Commands sent;  // buttons 1, 2, 3 (none in family 0) and 0, with the studio's step values
     } cases[] = {
-        {0, 0, 2, {"20014080"}, "1"},
-        {0, 2, 1, {"20010680"}, "1"},
-        {1, 0, 1, {}, "0"},  // LOW is fixed at 0dB
-        {1, 1, 1, {"280601E0"}, "1"},
-        {3, 1, 4, {"281301B0", "281302B0", "281303B0"}, "3"},
+        {1, {"20010280", "20010880", "20010080"}},  // MID + 1, (HIGH + 2) x 2, LOW in bit 6
+        {5, {"2001209F", "2001409F", "2001609F", "2001009F"}},
+        {6, {"281204F3", "281208F3", "28120CF3", "281200F3"}},
+        {3, {"281204F3", "281208F3", "28120CF3", "281200F3"}},
     };
     for (const auto& c : cases) {
-        PanelRig rig;
-        rig.gainType(c.type);
-        for (int f : {mLOW, mMID, mHIGH}) rig.field(f) = "0";
-        rig.panel.SpinButton1_SpinDown(c.index);  // already at the bottom
-        for (int i = 0; i < c.presses; ++i) rig.panel.SpinButton1_SpinUp(c.index);
-        EXPECT_EQ(rig.takeQueued(), c.sent) << c.type << c.index;
-        EXPECT_EQ(rig.field(mLOW + c.index), c.kept) << c.type << c.index;
+        Studio rig(c.camera);
+        const std::string mid = rig.field(mMID, c.camera);
+        for (int button : {0, 1, 2, 3}) {
+            rig.form1.OptGain.click((button + 1) % 4);  // the selected one raises nothing
+        }
+        EXPECT_EQ(rig.takeQueued(), c.sent) << c.camera;
+        EXPECT_EQ(rig.field(mMID, c.camera), mid);  // the offsets are not stored back
     }
 }
 
-TEST(Panel, ValuesModulo256) {
-    PanelRig rig;
-    rig.panel.SendAnalog("30", "2B", "255");
-    rig.panel.SendAnalog("30", "2B", "256");
-    rig.panel.SendAnalog("30", "2B", "");
-    rig.panel.SendMode("20", "0F", "300", 0, "00");
-    rig.panel.SendMode("20", "04", "3", 4, "F3");
-    rig.panel.SendMode("20", "04", "2.5", 0, "FC");
-    EXPECT_EQ(rig.takeQueued(), (Commands{"302BFF00", "302B0000", "302B0000", "200F2C00", "200430F3", "200402FC"}));
+// The gain-step spin buttons trim LOW, MID or HIGH within their family's register, and grey
+// at the ends of their range.
+TEST(Panel, GainStepsToTheirLimits) {
+    const struct {
+        int camera, step, presses;
+        bool up;
+        Commands sent;
+        const char* kept;
+        bool offeredAfter;
+    } cases[] = {
+        {1, 0, 3, true, {"20014080"}, "1", false},
+        {1, 1, 3, true, {"20010380"}, "2", false},
+        {1, 2, 1, false, {"20010680"}, "1", true},
+        {5, 0, 1, true, {}, "0", false},  // LOW is fixed at 0dB
+        {5, 1, 1, true, {"28060AE0"}, "10", true},
+        {3, 1, 4, true, {"28130AB0", "28130BB0"}, "3", false},
+    };
+    for (const auto& c : cases) {
+        Studio rig(c.camera);
+        for (int i = 0; i < c.presses; ++i) {
+            if (c.up) rig.form1.SpinButton1(c.step).spinUp();
+            else rig.form1.SpinButton1(c.step).spinDown();
+        }
+        EXPECT_EQ(rig.takeQueued(), c.sent) << c.camera << c.step;
+        EXPECT_EQ(rig.field(mLOW + c.step, c.camera), c.kept) << c.camera << c.step;
+        EXPECT_EQ(rig.readout.gainStepOffered(c.step, c.up), c.offeredAfter) << c.camera << c.step;
+    }
 }
 
-TEST(Panel, PageWrite) {
-    PanelRig rig;
-    const char* values[] = {"", "1", "1", "0", "2", "3", "2", "5", "-2", "40", "3", "4", "5", "6", "7", "1", "2", "3", "2"};
-    for (int f = mBar; f <= mFILTER; ++f) rig.field(f) = values[f];
-    rig.monitorType(1);
-    rig.filterType(2);
-    rig.panel.MainSend();
-    EXPECT_EQ(rig.takeQueued(), (Commands{"200801FE", "200210EF", "200500FE", "200430F3", "200402FC", "200F0500",
-                                          "302BFE00", "302E2800", "30392800", "302C0300", "30180400", "301A0500",
-                                          "30210600", "30230700", "200002F8"}));
+TEST(Panel, FilterWheelWrapsAndPulseReleases) {
+    Studio wheel;
+    wheel.form1.SpinButton2.spinDown();
+    EXPECT_EQ(wheel.field(mFILTER, 1) + " " + wheel.form1.Label16.Caption, "3 5600K+1/64ND");
+    wheel.form1.SpinButton2.spinUp();
+    EXPECT_EQ(wheel.field(mFILTER, 1) + " " + wheel.form1.Label16.Caption, "0 3200K");
+    EXPECT_EQ(wheel.takeQueued(), (Commands{"200003F8", "200000F8"}));
+
+    Studio pulse(5);
+    pulse.station.ACK_Click(1);
+    pulse.form1.SpinButton2.spinDown();
+    EXPECT_EQ(pulse.takeQueued(), Commands{"201401FE"});
+    pulse.run(1100);  // released on the second 500 ms tick
+    EXPECT_EQ(pulse.port.takeWritten(), testing::frame(testing::wire("201400FE"), "  5", true));
+    EXPECT_FALSE(pulse.ticks[StationTick::FilterRelease].model.Enabled);
 }
 
-TEST(Panel, FilterWheelWraps) {
-    PanelRig rig;
-    rig.filterType(1);
-    rig.field(mFILTER) = "3";
-    rig.panel.SpinButton2_SpinUp();
-    EXPECT_EQ(rig.field(mFILTER) + " " + rig.form.Label16.Caption, "0 3200K");
-    rig.panel.SpinButton2_SpinDown();
-    EXPECT_EQ(rig.field(mFILTER) + " " + rig.form.Label16.Caption, "3 5600K+1/64ND");
-    rig.shared.CtrlReady = 0;
-    rig.panel.SpinButton2_SpinDown();
-    EXPECT_EQ(rig.takeQueued(), (Commands{"200000F8", "200003F8", "200002F8"}));
-}
-
-TEST(Panel, FilterPulse) {
-    PanelRig rig;
-    rig.filterType(2);
-    rig.field(mFILTER) = "1";
-    rig.form.Timer4.Enabled = true;
-    rig.panel.SpinButton2_SpinDown();
-    EXPECT_EQ(rig.takeQueued(), Commands{"201401FE"});
-    rig.panel.Timer4_Timer();
-    rig.panel.Timer4_Timer();
-    EXPECT_EQ(rig.takeQueued(), Commands{"201400FE"});
-    EXPECT_FALSE(rig.form.Timer4.Enabled);
-    rig.filterType(0);
-    rig.panel.SpinButton2_SpinUp();
-    rig.panel.SpinButton2_SpinDown();
-    EXPECT_TRUE(rig.takeQueued().empty());
+// "PC to Camera" sends the main page from the file's texts: the last two hex digits of each
+// value rounded half to even, an empty value as 0.
+TEST(Panel, PageWriteFromTheFilesTexts) {
+    std::string text = testing::readBytes(testing::kStudio);
+    for (const auto& [from, to] : {std::pair{"aMBLK=0,", "aMBLK=256,"}, {"aDTL=-18,", "aDTL=2.5,"},
+                                   {"aRGAIN=0,", "aRGAIN=,"}, {"aBGAIN=0,", "aBGAIN=-1,"}})
+        text.replace(text.find(from), std::string(from).size(), to);
+    testing::TempFolder folder;
+    Studio rig(1, folder.write("odd.csd", text).string());
+    rig.form1.Command13.click();
+    const Commands sent = rig.takeQueued();
+    EXPECT_EQ(Commands(sent.begin(), sent.begin() + 15),
+              (Commands{"200800FE", "200210EF", "200500FE", "200400F3", "200402FC", "200F1000", "302B0000", "302EFC00",
+                        "3039FC00", "302C0200", "30180000", "301AFF00", "30210000", "30230000", "200000F8"}));
 }
 
 }  // namespace

@@ -1,85 +1,84 @@
-// Drawing the panel from the stored settings, and following the camera's replies, without
-// a frame ever going back.
+// Following the cameras' replies on the panel, without a frame ever going back.
 #include <gtest/gtest.h>
 
 #include <utility>
 
-#include "tests/panel/panel_rig.hpp"
+#include "tests/support/station_rig.hpp"
 
 namespace station {
 namespace {
 
 using testing::Commands;
-using testing::PanelRig;
+
+// The studio opened, `camera` selected, its iris mode set, the line started.
+struct Replies : testing::StationRig {
+    explicit Replies(int camera, int iris = -1) {
+        open(testing::kStudio);
+        form1.Option9.click(camera);
+        if (iris >= 0) form1.OptIris.click(iris);
+        run(600);
+        takeQueued();
+        port.takeWritten();
+    }
+    void reply(const std::string& data) {
+        port.arrive(testing::reply(data));
+        run(80);
+    }
+};
 
 TEST(Replies, StoreFields) {
     using Fields = std::vector<std::pair<int, const char*>>;
     const struct {
-        int gainType;
-        const char* iris;  // mIRIS before the reply
+        int camera;  // 1: gain family 0, 5: family 1, 6: family 2, 3: family 3
+        int iris;    // the iris mode before the reply (-1: as stored)
         const char* reply;
         Fields fields;
     } cases[] = {
-        {0, "", "22 04 0E", {{mWHITE, "3"}, {mIRIS, "2"}}},
-        {0, "", "22 02 10", {{mDTL, "1"}}},
-        {0, "", "22 0F 00", {{mMONSEL, "16"}}},
-        {0, "", "23 08 01", {{mBar, ""}}},
-        // Gain family 0: the step in bits 0..3 (1, 3 or 6) and its value in bits 6..7.
-        {0, "", "22 01 46", {{mGAIN, "2"}, {mHIGH, "1"}}},
-        {0, "", "22 01 40", {{mGAIN, "0"}, {mLOW, "1"}}},
-        {0, "", "22 01 03", {{mGAIN, "1"}, {mMID, "2"}}},
-        {0, "", "22 01 05", {{mGAIN, ""}, {mMID, ""}}},
-        {1, "", "22 01 40", {{mGAIN, "2"}}},
-        {1, "", "2A 06 09", {{mMID, "9"}}},
-        {2, "", "2A 12 04", {{mGAIN, "1"}}},
-        {2, "", "22 01 60", {{mGAIN, ""}}},  // families 2 and 3 report under 2A only
-        {3, "", "2A 13 4E", {{mLOW, "1"}, {mMID, "2"}, {mHIGH, "3"}}},
-        {0, "", "32 2B FF", {{aMBLK, "-1"}}},
-        {0, "", "32 2B 80", {{aMBLK, "-128"}}},
-        {0, "", "3A 2B 01", {{aMBLK, ""}}},
-        {0, "", "32 21 03", {{aRBLK, "3"}}},
-        {0, "", "32 23 04", {{aBBLK, "4"}}},
+        {1, -1, "22040E", {{mWHITE, "3"}, {mIRIS, "2"}}},
+        {1, -1, "220200", {{mDTL, "0"}}},
+        // Family 0: the step in bits 0..3 (1, 3 or 6) and its value in bits 6..7.
+        {1, -1, "220146", {{mGAIN, "2"}, {mHIGH, "1"}}},
+        {1, -1, "220140", {{mGAIN, "0"}, {mLOW, "1"}}},
+        {1, -1, "220103", {{mGAIN, "1"}, {mMID, "2"}}},
+        {5, -1, "220140", {{mGAIN, "2"}}},
+        {5, -1, "2A0609", {{mMID, "9"}}},
+        {6, -1, "2A1204", {{mGAIN, "1"}}},
+        {6, -1, "220160", {{mGAIN, "0"}}},  // families 2 and 3 report under 2A only
+        {3, -1, "2A134E", {{mLOW, "1"}, {mMID, "2"}, {mHIGH, "3"}}},
+        {1, -1, "322BFF", {{aMBLK, "-1"}}},
+        {1, -1, "322103", {{aRBLK, "3"}}},
         // The iris level comes from the address of the iris mode only.
-        {0, "2", "32 2E 10", {{aIRIS, ""}}},
-        {0, "2", "32 39 10", {{aIRIS, "16"}}},
-        {0, "1", "32 2E 11", {{aIRIS, "17"}}},
+        {1, 2, "322E10", {{aIRIS, "-4"}}},
+        {1, 2, "323910", {{aIRIS, "16"}}},
+        {1, 1, "322E11", {{aIRIS, "17"}}},
     };
     for (const auto& c : cases) {
-        PanelRig rig;
-        rig.gainType(c.gainType);
-        rig.field(mIRIS) = c.iris;
-        rig.shared.CtrlReady = 0;
+        SCOPED_TRACE(c.reply);
+        Replies rig(c.camera, c.iris);
         rig.reply(c.reply);
-        for (const auto& [f, v] : c.fields) EXPECT_EQ(rig.field(f), v) << c.reply << " field " << f;
-        EXPECT_TRUE(rig.takeQueued().empty()) << c.reply;
-        EXPECT_EQ(rig.shared.CtrlReady, 1) << c.reply;  // whatever it was before
+        for (const auto& [f, v] : c.fields) EXPECT_EQ(rig.field(f, c.camera), v) << " field " << f;
+        EXPECT_TRUE(rig.takeQueued().empty());
+        EXPECT_TRUE(rig.readout.panelLive());
     }
 }
 
 TEST(Replies, ControlsAndTally) {
-    PanelRig rig;
-    rig.filterType(1);
-    for (const char* r : {"22 04 0E", "22 0F 00", "22 00 FA", "32 2B FF", "32 2C 05", "22 01 46"}) rig.reply(r);
-    EXPECT_EQ(rig.form.OptWhite.selected(), 3);
-    EXPECT_EQ(rig.form.OptMonsel.selected(), 16);
-    EXPECT_EQ(rig.form.Label16.Caption, "5600K");
-    EXPECT_EQ(rig.form.Label3.Caption, "-1");
-    EXPECT_EQ(rig.form.Label1(2).Caption, "18dB");
-    EXPECT_EQ(rig.form.OptGain.selected(), -1);  // the gain decoder never selects a button
+    Replies rig(1);
+    for (const char* r : {"22040E", "220F00", "2200FA", "322BFF", "322C05", "220146"}) rig.reply(r);
+    EXPECT_EQ(rig.form1.OptWhite.selected(), 3);
+    EXPECT_EQ(rig.form1.OptMonsel.selected(), 16);
+    EXPECT_EQ(rig.form1.Label16.Caption, "5600K");
+    EXPECT_EQ(rig.form1.Label3.Caption, "-1");
+    EXPECT_EQ(rig.form1.Label1(2).Caption, "18dB");
+    EXPECT_EQ(rig.form1.OptGain.selected(), 0);  // the gain decoder never selects a button
 
-    rig.reply("22 03 01");
-    EXPECT_EQ(rig.form.Label15.BackColor, kColourRed);
-    rig.reply("22 03 00");
-    EXPECT_EQ(rig.form.Label15.BackColor, kColourGrey);
-    rig.form.CallOn = 1;
-    rig.reply("22 03 00");
-    EXPECT_EQ(rig.form.Label15.BackColor, kColourRed);
-    EXPECT_TRUE(rig.takeQueued().empty());
-
-    rig.shared.cams.CamFclNo(1) = "12";  // a slot outside the tables: the decoder fails...
-    rig.shared.CtrlReady = 0;
-    EXPECT_THROW(rig.reply("22 01 00"), RuntimeError);
-    EXPECT_EQ(rig.shared.CtrlReady, 1);  // ...and the guard is raised all the same
+    rig.reply("220301");
+    EXPECT_TRUE(rig.readout.tally());
+    rig.reply("220300");
+    EXPECT_FALSE(rig.readout.tally());
+    rig.form1.Command9.mouseDown();  // CALL held: the lamp stays lit
+    rig.reply("220300");
+    EXPECT_TRUE(rig.readout.tally());
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
-// Scenes, page reads and the camera set dialog on a started station.
+// Page reads and writes of the sample studio's camera types, and the camera set window.
 #include <gtest/gtest.h>
 
-#include "common/runtime_error.hpp"
 #include "tests/support/station_rig.hpp"
 
 namespace station {
@@ -10,83 +9,82 @@ namespace {
 using testing::Commands;
 using testing::StationRig;
 
-struct PageRig : StationRig {
-    PageRig() { station.shared.cams.CamFclNo(1) = "1"; }
-    void item(int function, int j, const char* kind, const char* code) {
-        TypeTables& t = station.types;
-        t.ItemList(1, function, j) = kind;
-        t.ItemList(1, function, j + kItemCodeCell) = code;
+struct Studio : StationRig {
+    Studio() {
+        open(testing::kStudio);
+        takeQueued();
     }
-    Commands read() {
-        station.pages.Command12_Click();
+    Commands read(int camera) {
+        form1.Option9.click(camera);
+        form1.Command12.click();  // "Camera to PC"
         return takeQueued();
     }
 };
 
-TEST(PageRead, FixedBySwitches) {
-    PageRig rig;
-    TypeTables& t = rig.station.types;
-    t.FormGain(1) = 3;
-    EXPECT_EQ(rig.read(), (Commands{"2B12", "2B13", "2302", "2304", "2305", "2308", "3318", "331A", "3321", "3323",
-                                    "332B", "332C", "332E", "3339"}));
-    t.FormFilter(1) = 2;
-    t.FormMonitor(1) = 1;
-    t.FormGain(1) = 2;
-    const Commands all = rig.read();
-    ASSERT_EQ(all.size(), 17u);
-    EXPECT_EQ(Commands(all.begin(), all.begin() + 4), (Commands{"2300", "2B12", "2B06", "2B07"}));
-    EXPECT_EQ(all[8], "230F");
-    t.FormGain(1) = 1;
-    const Commands family1 = rig.read();
-    EXPECT_EQ(Commands(family1.begin() + 1, family1.begin() + 4), (Commands{"2301", "2B06", "2B07"}));
-    t.FormGain(1) = 9;  // an unknown gain family asks for no gain at all
-    EXPECT_EQ(rig.read().size(), 14u);
-}
+TEST(Pages, ReadAndWriteByTypeGainFamilyAndItem) {
+    Studio rig;
+    rig.form1.Command12.click();  // "Camera to PC"
+    EXPECT_EQ(rig.takeQueued(),
+              (Commands{"2300", "2301", "2302", "2304", "2305", "2308", "230F", "3318", "331A", "3321", "3323",
+                        "332B", "332C", "332E", "3339", "2340", "3350", "2340", "2341", "2341", "3351", "3352",
+                        "3353", "3354", "2342", "2343", "3355", "2344", "2344"}));
+    // The main panel (15 commands: ST1 has monitor and filter), then every function page in
+    // list order, each item with a value in item order; the action item is never sent.
+    rig.form1.Command13.click();  // "PC to Camera"
+    Commands sent = rig.takeQueued();
+    ASSERT_EQ(sent.size(), 15u + 14u);
+    EXPECT_EQ(Commands(sent.begin() + 15, sent.end()),
+              (Commands{"204002FC", "30502A00", "204008F3", "204100FE", "204100FD", "30515500", "30521500",
+                        "30530200", "30540A00", "204200FE", "204302FC", "30550200", "204400FE", "204400FD"}));
+    EXPECT_EQ(rig.form2.List1.listIndex(), 0);
 
-TEST(PageRead, ItemsByKind) {
-    PageRig rig;
-    TypeTables& t = rig.station.types;
-    t.FuncList(1, 0, 0) = "2";
-    t.ItemList(1, 1, 0) = "3";
-    rig.item(1, 1, "M", "204AFE");
-    rig.item(1, 2, "A", "305B");
-    rig.item(1, 3, "T", "40");
-    t.ItemList(1, 2, 0) = "2";
-    rig.item(2, 1, "S", "305C");
-    // The request code is written without a leading zero: "D" + "10" goes out as D1 0.
-    rig.item(2, 2, "M", "0A10FE");
+    rig.form1.Option9.click(6);  // BX4: no monitor, no filter
+    rig.form1.Option7.click(2);  // recalling a scene shows its page without sending it
+    EXPECT_TRUE(rig.takeQueued().empty());
+    rig.form1.Command12.click();
+    sent = rig.takeQueued();
+    EXPECT_EQ(Commands(sent.begin() + 15, sent.end()), (Commands{"2340", "335C", "2B22", "335D", "335E", "2343", "3355"}));
+    rig.form1.Command13.click();
+    sent = rig.takeQueued();
+    ASSERT_EQ(sent.size(), 13u + 7u);
+    EXPECT_EQ(Commands(sent.begin() + 13, sent.end()),
+              (Commands{"204002FC", "305C2A00", "282201FE", "305D0500", "305E0500", "204301FC", "30550100"}));
+
+    // Which gain registers a page read asks for depends on the type's gain family.
+    const Commands hd3 = rig.read(3);  // family 3: the steps' values in one extended register
+    EXPECT_EQ(Commands(hd3.begin(), hd3.begin() + 4), (Commands{"2300", "2B12", "2B13", "2302"}));
+    EXPECT_EQ(hd3.size(), 30u);
+    const Commands pt2 = rig.read(5);  // family 1: the step, then MID and HIGH apart
+    EXPECT_EQ(Commands(pt2.begin(), pt2.begin() + 5), (Commands{"2300", "2301", "2B06", "2B07", "2302"}));
+    // A request code is written without a leading zero: "D" + "10" goes out as D1 0.
     EXPECT_EQ(PageTransfer::requestCode("0A10FE"), "D");
-    const Commands r = rig.read();
-    EXPECT_EQ(Commands(r.begin() + 13, r.end()), (Commands{"234A", "335B", "335C", "D100"}));
 }
 
 TEST(CameraSet, TypesIdsAndConfirm) {
-    testing::StationRig rig;
-    Station& s = rig.station;
-    const auto choose = [&](const std::string& type) {
-        for (int i = 0; i < s.form4.List1.listCount(); ++i)
-            if (s.form4.List1.list(i) == type) s.form4.List1.setListIndex(i);
-    };
-    s.Camera_ID_Click();
-    s.form4.Option1.click(2);
-    choose("PT2");
-    EXPECT_EQ(s.shared.cams.CamType(2) + s.form4.Option1[2].Caption + s.form1.Label12(2).Caption, "PT2PT2PT2");
-    s.form4.Text1(2).setText("07");
-    EXPECT_EQ(s.form1.Label9(2).Caption, "07");  // at once, before any confirmation
-    s.form4.Command1.Enabled = true;
-    s.cameraSet.Command1_Click();
-    EXPECT_EQ(s.shared.cams.CamFclNo(2), "1");
-    EXPECT_EQ(s.types.FormFilter(1), 2);
-    EXPECT_EQ(s.shared.CtrlReady, 1);
+    StationRig rig;
+    Form4& f = rig.form4;
+    rig.station.Camera_ID_Click();
+    f.Option1.click(2);
+    rig.choose(f.List1, "PT2");
+    EXPECT_EQ(rig.readout.cameraType(2) + f.Option1[2].Caption + rig.form1.Label12(2).Caption, "PT2PT2PT2");
+    f.Text1(2).setText("07");
+    EXPECT_EQ(rig.form1.Label9(2).Caption, "07");  // at once, before any confirmation
+    f.Command1.click();
+    rig.form1.Option9.click(2);
+    EXPECT_TRUE(rig.readout.panelLive());
+    EXPECT_EQ(rig.readout.functionTitles().size(), 4u);  // PT2's
+    EXPECT_TRUE(rig.readout.offered().filter);
 
-    // "delete" empties the position; after confirming it has no slot and no message.
-    s.form4.Option1.click(2);
-    choose("delete");
-    EXPECT_EQ(s.shared.cams.CamType(2) + s.form4.Label5.Caption + s.shared.cams.CamID(2), "07");
-    s.cameraSet.Command1_Click();
-    EXPECT_EQ(s.shared.cams.CamFclNo(2), "");
+    // "delete" empties the position; after confirming it has no type and no message.
+    f.Option1.click(2);
+    rig.choose(f.List1, "delete");
+    EXPECT_EQ(rig.readout.cameraType(2) + f.Label5.Caption + rig.readout.cameraId(2), "07");
+    f.Command1.click();
+    rig.form1.Option9.click(1);
+    rig.form1.Option9.click(2);
+    EXPECT_TRUE(rig.readout.functionTitles().empty());
     EXPECT_TRUE(rig.messages.shown.empty());
-    EXPECT_EQ(s.link.queue().SendCnt(), 0);
+    EXPECT_EQ(rig.readout.queued(), 0);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 // to click, and reads and acts through the station's read-only view and named actions.
 
 #include <chrono>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -84,6 +85,13 @@ struct StationRig {
     Actions actions{station};
     const StationReadout readout{station};
     long now = 0;
+
+    // Clicks the entry of a list that reads `text`, or the item's line that starts with it.
+    static void choose(ListBox& list, const std::string& text) {
+        for (int i = 0; i < list.listCount(); ++i)
+            if (list.list(i) == text || list.list(i).rfind(text + ":", 0) == 0) return list.setListIndex(i);
+        throw std::out_of_range(text);
+    }
 };
 
 using Commands = std::vector<std::string>;
