@@ -26,7 +26,7 @@
 
 #include "app/actions.hpp"
 #include "app/station_readout.hpp"
-#include "tests/support/null_platform.hpp"
+#include "tests/support/null_station.hpp"
 #include "tests/support/studio_line_rig.hpp"
 #include "ui/remote/remote_control.hpp"
 
@@ -57,7 +57,7 @@ struct Rig : testing::NullStation {
         while (remote.tcp().clientCount() == 0) QCoreApplication::processEvents();
     }
     void drainQueue() {
-        Actions(station).dropQueued();
+        (void)Actions(station).dropQueued();
     }
 
     ui::RemoteControl remote{station, dialogs, {true, QHostAddress(QHostAddress::LocalHost), 0, 0, {}, {}}, [] {}};

@@ -10,7 +10,7 @@
 #include "app/station.hpp"
 #include "remote/command_set.hpp"
 #include "remote/osc_codec.hpp"
-#include "tests/support/null_platform.hpp"
+#include "tests/support/null_station.hpp"
 
 using namespace station;
 
@@ -30,7 +30,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                                : std::string(reinterpret_cast<const char*>(data), size);
     const std::string reply = rig.commands.execute(line);
     if (!reply.empty() && reply.rfind("OK", 0) != 0 && reply.rfind("ERR ", 0) != 0) std::abort();
-    Actions(rig.station).dropQueued();
+    (void)Actions(rig.station).dropQueued();
     rig.commands.changes();
     return 0;
 }

@@ -4,8 +4,6 @@
 // which measure or shake the logic and look at none of these.
 
 #include "app/preset_dialogs.hpp"
-#include "app/station.hpp"
-#include "setupfile/file_writer.hpp"
 #include "tests/support/replay_line.hpp"
 
 namespace station::testing {
@@ -15,15 +13,5 @@ using NullPort = ReplayPort;
 
 using station::NoDialogs;
 using station::QuietMessages;
-
-// A station with the sample camera types on the null platform (not started).
-struct NullStation {
-    NullPort port;
-    QuietMessages messages;
-    NoDialogs none;
-    PresetDialogs dialogs{none};
-    DiskWriter writer;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
-};
 
 }  // namespace station::testing
