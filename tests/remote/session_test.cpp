@@ -27,18 +27,18 @@ struct GateRig : RemoteRig {
 TEST(RemoteSession, NetworkPeerNeedsThePasscode) {
     GateRig rig;
     remote::RemoteSession peer(rig.commands, rig.gate, "192.0.2.7", false);
-    const int before = rig.station.form1.VrIris.value();
+    const int before = rig.form1.VrIris.value();
     for (const char* line : {"level iris 3", "get camera", "help", "box ok", "auth"})
         EXPECT_EQ(peer.execute(line, rig.t0).rfind("ERR ", 0), 0u) << line;
     EXPECT_EQ(peer.execute("level iris 3", rig.t0), "ERR auth required");
-    EXPECT_EQ(rig.station.form1.VrIris.value(), before);
+    EXPECT_EQ(rig.form1.VrIris.value(), before);
     EXPECT_TRUE(rig.takeQueued().empty());
     EXPECT_FALSE(peer.authenticated());
 
     EXPECT_EQ(peer.execute("auth kestrel-42-amber", rig.t0), "OK");
     EXPECT_TRUE(peer.authenticated());
     EXPECT_EQ(peer.execute("level iris 3", rig.t0), "OK");
-    EXPECT_EQ(rig.station.form1.VrIris.value(), 3);
+    EXPECT_EQ(rig.form1.VrIris.value(), 3);
     EXPECT_EQ(rig.logged, (std::vector<std::string>{"remote: 192.0.2.7 gave the passcode"}));
 
     // This computer needs none; without a passcode the network gets nowhere.
@@ -117,7 +117,7 @@ TEST(ChangeFeed, PushesFollowChangesAndRestCostsNothing) {
     rig.run(1000);
     EXPECT_EQ(wakes, wakesAtRest);
 
-    rig.station.form1.OptBar.click(0);  // the operator's click, told by the window's redraw
+    rig.form1.OptBar.click(0);  // the operator's click, told by the window's redraw
     feed.changed();
     feed.deliver();
     EXPECT_EQ(told.back(), (remote::StateList{{"mode bar", "0"}}));

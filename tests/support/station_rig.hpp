@@ -10,9 +10,11 @@
 #include <vector>
 
 #include "app/actions.hpp"
+#include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
 #include "app/station_readout.hpp"
 #include "common/hex.hpp"
+#include "remote/held_messages.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
@@ -48,7 +50,7 @@ struct StationRig {
     std::vector<std::string> takeQueued() {
         std::vector<std::string> out;
         for (int i = 1; i <= readout.queued(); ++i) out.push_back(commandText(readout.queuedFrame(i).Data));
-        actions.dropQueued();
+        (void)actions.dropQueued();
         return out;
     }
     std::vector<std::string> logged() const {
@@ -71,7 +73,11 @@ struct StationRig {
     FakeDialogs dialogs;
     DiskWriter writer;
     std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
+    // Messages and dialogs pass through unchanged unless a remote command holds its messages
+    // back or names the file itself.
+    remote::HeldMessages held{messages};
+    PresetDialogs preset{dialogs};
+    Station station{{port, held, preset, writer, STATION_SAMPLES_DIR, [this] { return clock; }}};
     const StationTicks ticks = stationTicks(station);
     const StationForms forms = station.forms();
     Form1& form1 = forms.main;
