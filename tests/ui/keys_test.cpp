@@ -50,21 +50,28 @@ private slots:
         rig.openStudio();
         showActive(rig);
         QTest::keyClick(&rig.view->mainWindow(), Qt::Key_3);
-        QCOMPARE(rig.station.form1.Option9.selected(), 3);
+        QCOMPARE(rig.form1.Option9.selected(), 3);
         QVERIFY(rig.main<QPushButton>("Option9(3)").isChecked());
         QTest::keyClick(&rig.view->mainWindow(), Qt::Key_G);
-        QCOMPARE(rig.station.form1.Option9.selected(), 0);
+        QCOMPARE(rig.form1.Option9.selected(), 0);
 
         // With COPY ticked the key copies, as a click does: camera 1 takes camera 2's scenes
         // (both are ST1).
         QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
-        rig.station.stores.MainScnData(1, 2, 3) = "1";
+        rig.view->forward([&rig] {  // an edit of camera 2 stored in its scene 3
+            rig.form1.OptBar.click(1 - rig.form1.OptBar.selected());
+            rig.form1.ScnStore.setValue(1);
+            rig.form1.Option7.click(3);
+        });
+        const std::string stored = rig.field(mBar, 2, 3);
+        QVERIFY(rig.field(mBar, 1, 3) != stored);
+        rig.takeQueued();
         rig.main<QAbstractButton>("CamCopy").click();
         QTest::keyClick(&rig.view->mainWindow(), Qt::Key_1);
         QCOMPARE(rig.messages.shown.size(), std::size_t{0});
-        QCOMPARE(rig.station.form1.CamCopy.value(), 0);  // one-shot
-        QCOMPARE(rig.station.shared.CamNo, 1);
-        QCOMPARE(rig.station.stores.MainScnData(1, 1, 3), std::string("1"));
+        QCOMPARE(rig.form1.CamCopy.value(), 0);  // one-shot
+        QCOMPARE(rig.readout.selectedCamera(), 1);
+        QCOMPARE(rig.field(mBar, 1, 3), stored);
         QVERIFY(rig.takeQueued().empty());  // a selection sends nothing
     }
 
@@ -111,13 +118,11 @@ private slots:
         QVERIFY(cameraMenu != nullptr);
         QSignalSpy opened(cameraMenu, &QMenu::aboutToShow);
         QSignalSpy readRan(read, &QAction::triggered);
-        rig.station.stores.MainScnData(2, 1, 0) = "1";  // an edited working copy
         QTest::keyClick(&rig.view->mainWindow(), Qt::Key_C, Qt::AltModifier);
         QTRY_COMPARE(opened.count(), 1);
         cameraMenu->close();
         QCOMPARE(readRan.count(), 0);
         QVERIFY(rig.takeQueued().empty());  // no read requests went out
-        QCOMPARE(rig.station.stores.MainScnData(2, 1, 0), std::string("1"));
     }
 
     void arrowsStepALevelAndPageKeysMoveTen() {
@@ -125,19 +130,19 @@ private slots:
         showActive(rig);
         auto& bar = rig.main<QScrollBar>("VrMblk.bar");
         bar.setFocus();
-        const int start = rig.station.form1.VrMblk.value();
+        const int start = rig.form1.VrMblk.value();
         // The bar's top is its highest level.
         const struct {
             Qt::Key key;
             int change;
         } table[] = {{Qt::Key_Up, 1}, {Qt::Key_Down, -1}, {Qt::Key_PageUp, 10}, {Qt::Key_PageDown, -10}};
         for (const auto& row : table) {
-            const int was = rig.station.form1.VrMblk.value();
+            const int was = rig.form1.VrMblk.value();
             QTest::keyClick(&bar, row.key);
-            QCOMPARE(rig.station.form1.VrMblk.value(), was + row.change);
+            QCOMPARE(rig.form1.VrMblk.value(), was + row.change);
             QCOMPARE(rig.takeQueued(), Commands{levelCommand(was + row.change)});
         }
-        QCOMPARE(rig.station.form1.VrMblk.value(), start);
+        QCOMPARE(rig.form1.VrMblk.value(), start);
 
         // The wheel over a bar without the focus changes nothing.
         auto& other = rig.main<QScrollBar>("VrDtl.bar");
@@ -161,7 +166,7 @@ private slots:
         cam.setFocus();
         QTest::keyClick(&cam, Qt::Key_Down);
         QVERIFY(bars.hasFocus());
-        QCOMPARE(rig.station.form1.OptBar.selected(), 1);
+        QCOMPARE(rig.form1.OptBar.selected(), 1);
         QCOMPARE(rig.takeQueued(), Commands{"200801FE"});
         QVERIFY(bars.focusPolicy() & Qt::TabFocus);
 
@@ -171,9 +176,9 @@ private slots:
         QTest::keyClick(&scene1, Qt::Key_Right);
         auto& scene2 = rig.main<QPushButton>("Option7(2)");
         QVERIFY(scene2.hasFocus());
-        QCOMPARE(rig.station.form1.Option7.selected(), 1);
+        QCOMPARE(rig.form1.Option7.selected(), 1);
         QTest::keyClick(&scene2, Qt::Key_Space);
-        QCOMPARE(rig.station.form1.Option7.selected(), 2);
+        QCOMPARE(rig.form1.Option7.selected(), 2);
     }
 
     void theFocusedControlIsMarked() {
@@ -231,12 +236,12 @@ private slots:
         rig.openStudio();
         showActive(rig);
         rig.view->forward([&rig] {
-            rig.station.form2.form.Show();
-            rig.station.form4.form.Show();
-            rig.station.console.form.Show();
-            rig.station.line.window.Show();
+            rig.form2.form.Show();
+            rig.form4.form.Show();
+            rig.forms.console.form.Show();
+            rig.forms.lineLog.Show();
         });
-        const std::string before = rig.station.shared.cams.CamType(1);
+        const std::string before = rig.readout.cameraType(1);
         QWidget* windows[] = {&rig.view->functionWindow(), &rig.view->cameraSetWindow(), &rig.view->consoleWindow(),
                               &rig.view->lineLogWindow()};
         for (QWidget* w : windows) {
@@ -244,8 +249,8 @@ private slots:
             QTest::keyClick(w, Qt::Key_Escape);
             QVERIFY2(!w->isVisible(), qPrintable(w->objectName()));
         }
-        QVERIFY(!rig.station.form2.form.Visible && !rig.station.form4.form.Visible);
-        QCOMPARE(rig.station.shared.cams.CamType(1), before);  // Esc only closes: no "OK"
+        QVERIFY(!rig.form2.form.Visible && !rig.form4.form.Visible);
+        QCOMPARE(rig.readout.cameraType(1), before);  // Esc only closes: no "OK"
         QVERIFY(rig.takeQueued().empty());
     }
 
@@ -262,7 +267,7 @@ private slots:
                    state.text().contains(QStringLiteral("not stored"));
         };
         QCOMPARE(window.windowTitle(), QStringLiteral("studio.csd - Camera Control"));
-        const int scene = rig.station.shared.ScnNo(1);
+        const int scene = rig.readout.sceneOf(1);
         const int other = scene == 1 ? 2 : 1;
         const auto sceneButton = [](int n) { return QStringLiteral("Option7(%1)").arg(n); };
 
@@ -293,15 +298,15 @@ private slots:
         QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
         {
             ViewRig again;
-            again.dialogs.openAnswer = file.string();
-            again.view->forward([&again] { again.station.OPEN_Click(); });
-            QCOMPARE(QString::fromStdString(again.station.stores.MainScnData(1, 1, scene)),
+            again.open(file);
+            again.view->refresh();
+            QCOMPARE(QString::fromStdString(again.field(mBar, 1, scene)),
                      QString::fromLatin1(bar ? "0" : "1"));
             QCOMPARE(again.view->mainWindow().windowTitle(), QStringLiteral("day.csd - Camera Control"));
         }
 
         // Camera to PC: the camera's values fill the working copy, which no file holds.
-        rig.view->forward([&rig] { rig.station.pages.READ_Click(); });
+        rig.view->forward([&rig] { rig.form1.Command12.click(); });
         rig.port.arrive(reply(bar ? "22 08 01" : "22 08 00"));  // the camera still has the old bar
         QTRY_VERIFY(marked(sceneButton(scene)));
         QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
@@ -321,36 +326,36 @@ private slots:
         QMainWindow& window = rig.view->mainWindow();
         QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
                           Qt::LeftButton);
-        const std::string edited = rig.station.stores.MainScnData(1, 1, 0);
+        const std::string edited = rig.field(mBar, 1);
         QTest::keyClick(&window, Qt::Key_2);
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
-        QCOMPARE(rig.station.stores.MainScnData(1, 1, 0), edited);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
+        QCOMPARE(rig.field(mBar, 1), edited);
         QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Not stored: press 2 again to choose camera 2"));
         QTest::keyClick(&window, Qt::Key_3);  // another key is a first press of its own
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
         QTest::keyClick(&window, Qt::Key_3);
-        QCOMPARE(rig.station.form1.Option9.selected(), 3);
+        QCOMPARE(rig.form1.Option9.selected(), 3);
 
         // Nothing unstored: one press chooses.
         QTest::keyClick(&window, Qt::Key_G);
-        QCOMPARE(rig.station.form1.Option9.selected(), 0);
+        QCOMPARE(rig.form1.Option9.selected(), 0);
         QCOMPARE(rig.main<QLabel>("panelState").text(), QStringLiteral("GROUP: every camera"));
         QTest::keyClick(&window, Qt::Key_1);
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
         QCOMPARE(rig.main<QLabel>("panelState").text(), QString());
 
         // The camera button itself chooses at once, unstored changes or not.
         QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
                           Qt::LeftButton);
         QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
-        QCOMPARE(rig.station.form1.Option9.selected(), 2);
+        QCOMPARE(rig.form1.Option9.selected(), 2);
     }
 
     void satelliteWindowsStayAboveTheMainWindow() {
         ViewRig rig;
         showActive(rig);
         ui::FunctionWindow& function = rig.view->functionWindow();
-        rig.view->forward([&rig] { rig.station.form2.form.Show(); });
+        rig.view->forward([&rig] { rig.form2.form.Show(); });
         QVERIFY(function.isVisible());
         QCOMPARE(function.windowType(), Qt::Dialog);  // kept above its main window
         QCOMPARE(function.windowHandle()->transientParent(), rig.view->mainWindow().windowHandle());
