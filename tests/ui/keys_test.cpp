@@ -45,60 +45,6 @@ class KeysTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void cameraKeysSelectAsTheCameraButtonsDo() {
-        ViewRig rig;
-        rig.openStudio();
-        showActive(rig);
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_3);
-        QCOMPARE(rig.form1.Option9.selected(), 3);
-        QVERIFY(rig.main<QPushButton>("Option9(3)").isChecked());
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_G);
-        QCOMPARE(rig.form1.Option9.selected(), 0);
-
-        // With COPY ticked the key copies, as a click does: camera 1 takes camera 2's scenes
-        // (both are ST1).
-        QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
-        rig.view->forward([&rig] {  // an edit of camera 2 stored in its scene 3
-            rig.form1.OptBar.click(1 - rig.form1.OptBar.selected());
-            rig.form1.ScnStore.setValue(1);
-            rig.form1.Option7.click(3);
-        });
-        const std::string stored = rig.field(mBar, 2, 3);
-        QVERIFY(rig.field(mBar, 1, 3) != stored);
-        rig.takeQueued();
-        rig.main<QAbstractButton>("CamCopy").click();
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_1);
-        QCOMPARE(rig.messages.shown.size(), std::size_t{0});
-        QCOMPARE(rig.form1.CamCopy.value(), 0);  // one-shot
-        QCOMPARE(rig.readout.selectedCamera(), 1);
-        QCOMPARE(rig.field(mBar, 1, 3), stored);
-        QVERIFY(rig.takeQueued().empty());  // a selection sends nothing
-    }
-
-    void fileShortcutsAndF1RunTheirMenuEntries() {
-        ViewRig rig;
-        showActive(rig);
-        ui::MainMenus& menus = rig.view->mainWindow().menus();
-        const struct {
-            const char* entry;
-            QKeyCombination keys;
-        } table[] = {
-            {"OPEN", Qt::CTRL | Qt::Key_O},
-            {"SAVE", Qt::CTRL | Qt::Key_S},
-            {"SAVE AS", Qt::CTRL | Qt::SHIFT | Qt::Key_S},
-            {"Ver 0.13", QKeyCombination(Qt::Key_F1)},
-            {"Quit", Qt::CTRL | Qt::Key_Q},
-        };
-        for (const auto& row : table) {
-            QAction* action = menus.action(QString::fromLatin1(row.entry));
-            QVERIFY2(action != nullptr, row.entry);
-            QSignalSpy triggered(action, &QAction::triggered);
-            QTest::keyClick(&rig.view->mainWindow(), row.keys.key(), row.keys.keyboardModifiers());
-            QVERIFY2(triggered.count() == 1, row.entry);
-        }
-        QVERIFY(rig.ended);
-    }
-
     void everyAltKeyIsUniqueAndAltCOpensTheCameraMenu() {
         ViewRig rig;
         rig.openStudio();
@@ -246,6 +192,8 @@ private slots:
                               &rig.view->lineLogWindow()};
         for (QWidget* w : windows) {
             QVERIFY2(w->isVisible(), qPrintable(w->objectName()));
+            QCOMPARE(w->windowType(), Qt::Dialog);  // kept above its main window
+            QCOMPARE(w->windowHandle()->transientParent(), rig.view->mainWindow().windowHandle());
             QTest::keyClick(w, Qt::Key_Escape);
             QVERIFY2(!w->isVisible(), qPrintable(w->objectName()));
         }
@@ -349,16 +297,24 @@ private slots:
                           Qt::LeftButton);
         QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
         QCOMPARE(rig.form1.Option9.selected(), 2);
-    }
 
-    void satelliteWindowsStayAboveTheMainWindow() {
-        ViewRig rig;
-        showActive(rig);
-        ui::FunctionWindow& function = rig.view->functionWindow();
-        rig.view->forward([&rig] { rig.form2.form.Show(); });
-        QVERIFY(function.isVisible());
-        QCOMPARE(function.windowType(), Qt::Dialog);  // kept above its main window
-        QCOMPARE(function.windowHandle()->transientParent(), rig.view->mainWindow().windowHandle());
+        // With COPY ticked the key copies, as a click does: camera 1 takes camera 2's scenes
+        // (both are ST1).
+        rig.view->forward([&rig] {  // an edit of camera 2 stored in its scene 3
+            rig.form1.OptBar.click(1 - rig.form1.OptBar.selected());
+            rig.form1.ScnStore.setValue(1);
+            rig.form1.Option7.click(3);
+        });
+        const std::string stored = rig.field(mBar, 2, 3);
+        QVERIFY(rig.field(mBar, 1, 3) != stored);
+        rig.takeQueued();
+        rig.main<QAbstractButton>("CamCopy").click();
+        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_1);
+        QCOMPARE(rig.messages.shown.size(), std::size_t{0});
+        QCOMPARE(rig.form1.CamCopy.value(), 0);  // one-shot
+        QCOMPARE(rig.readout.selectedCamera(), 1);
+        QCOMPARE(rig.field(mBar, 1, 3), stored);
+        QVERIFY(rig.takeQueued().empty());  // a selection sends nothing
     }
 };
 
