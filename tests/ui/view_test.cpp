@@ -157,7 +157,7 @@ private slots:
         QVERIFY(rig.messages.shown.empty());
     }
 
-    void tallyLampIsRedWhileCallIsHeldAndCallNeedsAcknowledges() {
+    void tallyLampIsRedWhileCallIsHeld() {
         ViewRig rig;
         rig.openStudio();  // camera 1 is of a type with tally
         auto& call = rig.main<QPushButton>("Command9");
@@ -172,9 +172,6 @@ private slots:
         QTest::mouseRelease(&call, Qt::LeftButton, {}, QPoint(-20, -20));
         QCOMPARE(lamp.palette().color(QPalette::Window), grey);
         QCOMPARE(rig.takeQueued(), (Commands{"200304FB", "200300FB"}));
-
-        rig.view->mainWindow().menus().action(QStringLiteral("Ack Off"))->trigger();
-        QVERIFY(!call.isEnabled());
     }
 
     void setupMenuTicksAndTimersFollowTheAcknowledgeSetting() {
@@ -188,8 +185,6 @@ private slots:
 
         ackOff.trigger();
         QVERIFY(!ackOn.isChecked() && ackOff.isChecked());
-        QVERIFY(!rig.main<QPushButton>("Command12").isEnabled());
-        QVERIFY(!rig.main<QLabel>("Label16").isEnabled());
         QVERIFY(!timers.running(ui::StationTimers::AckWatch) && !timers.running(ui::StationTimers::AnswerWatch));
         QVERIFY(timers.running(ui::StationTimers::Poll));
 
@@ -199,7 +194,6 @@ private slots:
 
         ackOn.trigger();
         QVERIFY(ackOn.isChecked() && !ackOff.isChecked());
-        QVERIFY(rig.main<QPushButton>("Command12").isEnabled());
         QCOMPARE(timers.interval(ui::StationTimers::AckWatch), 100);
         QCOMPARE(timers.interval(ui::StationTimers::AnswerWatch), 500);
         QVERIFY(timers.running(ui::StationTimers::AckWatch));
