@@ -216,27 +216,6 @@ TEST(FaderOnLine, EightFadersNeverTwitchAndLandSoon) {
     EXPECT_TRUE(f.rig.messages.shown.empty());
 }
 
-// GROUP selected while faders and function items still move on camera 3, at every offset
-// to the polls, and back: no run-time error reaches the operator.
-TEST(FaderOnLine, GroupAmidFaderTrafficRaisesNothing) {
-    for (int phase = 0; phase < 40; phase += 5) {
-        SCOPED_TRACE(phase);
-        FaderRig f;
-        ASSERT_EQ(f.set.execute("camera 3"), "OK");
-        f.rig.ticks.run(std::chrono::milliseconds(500 + phase));
-        for (int i = 0; i < 30; ++i) {
-            ASSERT_EQ(f.set.execute("level mblk " + std::to_string(i)), "OK");
-            ASSERT_EQ(f.set.execute("function Knee \"Knee Point\" " + std::to_string(64 + 2 * i)), "OK");
-            f.rig.ticks.run(7ms);
-        }
-        EXPECT_EQ(f.set.execute("camera group"), "OK");
-        f.rig.ticks.run(1s);
-        EXPECT_EQ(f.set.execute("camera 3"), "OK");
-        f.rig.ticks.run(2s);
-        EXPECT_TRUE(f.rig.messages.shown.empty()) << ::testing::PrintToString(f.rig.messages.shown);
-    }
-}
-
 // A full sweep of M.BLK over its whole range: with the station's own checksum reading some
 // replies are refused and the line waits; read exactly, every reply is taken and the line
 // never stalls. The frames the station sends are the same either way.

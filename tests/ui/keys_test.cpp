@@ -10,9 +10,10 @@
 #include <QStatusBar>
 #include <QtTest>
 
+#include <map>
+
 #include "tests/support/frames.hpp"
 #include "tests/support/temp_folder.hpp"
-#include "tests/ui/menu_walk.hpp"
 #include "tests/ui/view_rig.hpp"
 #include "ui/windows/camera_set_window.hpp"
 #include "ui/windows/console_window.hpp"
@@ -35,6 +36,17 @@ void showActive(ViewRig& rig) {
     QVERIFY(QTest::qWaitForWindowActive(&window));
 }
 
+// Each Alt key that two entries of one menu level share ("Setup: Alt+R twice").
+void mnemonicClashes(const QString& where, const QList<QAction*>& actions, QStringList& clashes) {
+    std::map<int, int> seen;
+    for (QAction* a : actions) {
+        const QKeySequence key = QKeySequence::mnemonic(a->text());
+        if (!a->isSeparator() && !key.isEmpty() && ++seen[key[0].toCombined()] == 2)
+            clashes << QStringLiteral("%1: %2 twice").arg(where, key.toString());
+        if (a->menu() != nullptr) mnemonicClashes(a->text().remove(QLatin1Char('&')), a->menu()->actions(), clashes);
+    }
+}
+
 std::string levelCommand(int value) {
     return "302B" + hexByte(static_cast<std::uint8_t>(value)) + "00";
 }
@@ -50,7 +62,8 @@ private slots:
         rig.openStudio();
         showActive(rig);
         QMenuBar& bar = *rig.view->mainWindow().menuBar();
-        const QStringList clashes = mnemonicClashes(bar);
+        QStringList clashes;
+        mnemonicClashes(QStringLiteral("menu bar"), bar.actions(), clashes);
         QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
 
         // "Camera to PC" replaces the working copy: no Alt key reaches it.

@@ -146,17 +146,6 @@ private slots:
         qApp->removeEventFilter(&count);
     }
 
-    void faultLineAppearsWhenThePollRunsIntoAFault() {
-        ViewRig rig;
-        auto& fault = rig.main<QLabel>("faultLine");
-        QVERIFY(fault.isHidden());
-        // A reply with one data byte more than a reply may carry.
-        rig.port.arrive(bytesOf({0x02, 0x0B, 0x22, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 0x9B, 0xFF}));
-        QTRY_VERIFY(!fault.isHidden());
-        QCOMPARE(fault.text(), QStringLiteral("Line: Run-time error 9: Subscript out of range"));
-        QVERIFY(rig.messages.shown.empty());
-    }
-
     void tallyLampIsRedWhileCallIsHeld() {
         ViewRig rig;
         rig.openStudio();  // camera 1 is of a type with tally
