@@ -84,7 +84,9 @@ private slots:
         QVERIFY(rig.takeQueued().empty());  // no read requests went out
     }
 
-    void arrowsStepALevelAndPageKeysMoveTen() {
+    // Arrows step a level and page keys move ten; an option group is one Tab stop with
+    // arrows inside.
+    void arrowsStepALevelAndMoveInsideAGroup() {
         ViewRig rig;
         showActive(rig);
         auto& bar = rig.main<QScrollBar>("VrMblk.bar");
@@ -109,11 +111,7 @@ private slots:
                           Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(&other, &wheel);
         QVERIFY(rig.takeQueued().empty());
-    }
 
-    void anOptionGroupIsOneTabStopWithArrowsInside() {
-        ViewRig rig;
-        showActive(rig);
         // Only the selected button of a group is a Tab stop.
         auto& cam = rig.main<QRadioButton>("OptBar(0)");
         auto& bars = rig.main<QRadioButton>("OptBar(1)");

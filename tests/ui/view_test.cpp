@@ -125,27 +125,6 @@ private slots:
         QVERIFY(rig.takeQueued().empty());
     }
 
-    void aQuietLineRepaintsNothing() {
-        ViewRig rig;
-        QWidget& window = rig.view->mainWindow();
-        window.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&window));
-        QTest::qWait(100);
-        struct PaintCount : QObject {
-            int paints = 0;
-            bool eventFilter(QObject*, QEvent* event) override {
-                if (event->type() == QEvent::Paint) ++paints;
-                return false;
-            }
-        } count;
-        qApp->installEventFilter(&count);
-        QTest::qWait(300);  // seven polls with nothing on the line
-        QCOMPARE(count.paints, 0);
-        rig.port.arrive(buildFrame("322B40", FrameHeader{}));  // a master black reply is shown
-        QTRY_VERIFY(count.paints > 0);
-        qApp->removeEventFilter(&count);
-    }
-
     void tallyLampIsRedWhileCallIsHeld() {
         ViewRig rig;
         rig.openStudio();  // camera 1 is of a type with tally
