@@ -52,25 +52,6 @@ TEST(OscDecode, SurfaceMessagesBecomeCommands) {
     }
 }
 
-TEST(OscDecode, RegisterNamesTheReceiver) {
-    auto receiver = [](const std::string& address, const std::vector<OscArg>& args) {
-        return receiverOf(decode(address, args));
-    };
-    const auto self = receiver("/register", {});
-    ASSERT_TRUE(self);
-    EXPECT_TRUE(self->add && self->host.empty() && self->port == 0);
-    EXPECT_EQ(receiver("/register", {9000})->port, 9000);
-    EXPECT_EQ(receiver("/register", {9000.0f})->port, 9000);
-    const auto other = receiver("/register", {std::string("10.0.0.5"), 9001.0f});
-    EXPECT_TRUE(other->add && other->host == "10.0.0.5" && other->port == 9001);
-    const auto gone = receiver("/unregister", {std::string("10.0.0.5"), 9001});
-    EXPECT_TRUE(!gone->add && gone->host == "10.0.0.5" && gone->port == 9001);
-    EXPECT_FALSE(receiver("/camera/2", {}));
-    EXPECT_THROW(receiver("/register", {70000}), CommandError);
-    EXPECT_THROW(receiver("/register", {std::string("10.0.0.5")}), CommandError);
-    EXPECT_THROW(receiver("/register", {9000, 9001}), CommandError);
-}
-
 TEST(OscEncode, PushesAreTyped) {
     const std::pair<StateItem, std::string> cases[] = {
         {{"level iris", "12"}, "/level/iris 12"}, {{"mode bar", "-1"}, "/mode/bar -1"}, {{"tally", "on"}, "/tally 1"},
