@@ -73,11 +73,6 @@ TEST(RemoteSession, WrongAttemptsAreSlowedAndLogged) {
     EXPECT_EQ(rig.logged.back(), "remote: 192.0.2.7 gave the passcode");
     EXPECT_EQ(rig.logged.size(), 17u);
 
-    EXPECT_EQ(remote::AccessGate::passcodeProblem("short"), "a passcode needs at least 8 characters");
-    EXPECT_EQ(remote::AccessGate::passcodeProblem("has a blank"), "a passcode has no blanks or control characters");
-    const std::string made = remote::AccessGate::generate();
-    EXPECT_EQ(remote::AccessGate::passcodeProblem(made), "");
-    EXPECT_NE(made, remote::AccessGate::generate());
 }
 
 }  // namespace

@@ -104,12 +104,6 @@ private slots:
         }
         QCOMPARE(rig.form1.VrMblk.value(), start);
 
-        // The wheel over a bar without the focus changes nothing.
-        auto& other = rig.main<QScrollBar>("VrDtl.bar");
-        QWheelEvent wheel(QPointF(5, 5), other.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&other, &wheel);
-        QVERIFY(rig.takeQueued().empty());
 
         // Only the selected button of a group is a Tab stop.
         auto& cam = rig.main<QRadioButton>("OptBar(0)");
