@@ -27,12 +27,8 @@ private slots:
         QCOMPARE(o.port, std::optional<std::string>("/dev/pts/4"));
         QCOMPARE(o.definitions, std::optional<std::filesystem::path>("/opt/types"));
 
-        o = parseProgramOptions({"--port=/dev/ttyUSB0", "--port", "/dev/ttyS1"});
-        QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS1"));  // the last one wins
-
         QCOMPARE(parseProgramOptions({"--port"}).error, std::string("Missing value after '--port'."));
         QCOMPARE(parseProgramOptions({"--speed", "x"}).error, std::string("Unknown option 'speed'."));
-        QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
         QCOMPARE(parseProgramOptions({"/dev/ttyS0"}).error, std::string("unknown argument: /dev/ttyS0"));
         QVERIFY(parseProgramOptions({"--no-restore"}).noRestore && !parseProgramOptions({}).noRestore);
         QCOMPARE(parseProgramOptions({"--remote-idle=0"}).error, std::string("--remote-idle: not a number of seconds: 0"));
