@@ -175,8 +175,7 @@ private slots:
         const RemoteSettings run = startRemote(once, store, error);
         QVERIFY(run.enabled && run.address == QHostAddress(QStringLiteral("0.0.0.0")));
         QVERIFY(store.allKeys().isEmpty());
-        const RemoteSettings plain = startRemote(parseProgramOptions({}), store, error);
-        QVERIFY(!plain.enabled && plain.address.isLoopback());
+        QVERIFY(!startRemote(parseProgramOptions({}), store, error).enabled);
 
         Rig rig;
         QMainWindow window;

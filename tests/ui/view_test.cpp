@@ -164,9 +164,7 @@ private slots:
 
         ackOn.trigger();
         QVERIFY(ackOn.isChecked() && !ackOff.isChecked());
-        QCOMPARE(timers.interval(ui::StationTimers::AckWatch), 100);
-        QCOMPARE(timers.interval(ui::StationTimers::AnswerWatch), 500);
-        QVERIFY(timers.running(ui::StationTimers::AckWatch));
+        QVERIFY(timers.running(ui::StationTimers::AckWatch) && timers.running(ui::StationTimers::AnswerWatch));
 
         QAction& idOn = *menus.action(QStringLiteral("Camera ID on"));
         idOn.trigger();
