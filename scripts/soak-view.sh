@@ -6,7 +6,7 @@ set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build="${BUILD:-$root/build/gcc}"
 cmake --build "$build" --target view-soak >/dev/null
-QT_QPA_PLATFORM=offscreen "$build/tests/ui/view-soak" "${1:-5000}" | tee /dev/stderr |
+QT_QPA_PLATFORM=offscreen "$build/tools/view-soak" "${1:-5000}" | tee /dev/stderr |
   awk '/actions:/ { kb[$1] = $3; if ($1 == 500) first = $3; last = $3 }
        END { if (first == "") exit 0
              grow = last - first

@@ -1,9 +1,7 @@
-// Remote sessions and the feed of changes: a peer beyond this computer gives the passcode
-// before anything else and guessing is slowed; a peer on this computer needs none; pushes
-// follow changes and nothing runs at rest.
+// Remote sessions: a peer beyond this computer gives the passcode before anything else and
+// guessing is slowed; a peer on this computer needs none.
 #include <gtest/gtest.h>
 
-#include "remote/change_feed.hpp"
 #include "remote/remote_session.hpp"
 #include "tests/remote/remote_rig.hpp"
 
@@ -27,18 +25,18 @@ struct GateRig : RemoteRig {
 TEST(RemoteSession, NetworkPeerNeedsThePasscode) {
     GateRig rig;
     remote::RemoteSession peer(rig.commands, rig.gate, "192.0.2.7", false);
-    const int before = rig.station.form1.VrIris.value();
+    const int before = rig.form1.VrIris.value();
     for (const char* line : {"level iris 3", "get camera", "help", "box ok", "auth"})
         EXPECT_EQ(peer.execute(line, rig.t0).rfind("ERR ", 0), 0u) << line;
     EXPECT_EQ(peer.execute("level iris 3", rig.t0), "ERR auth required");
-    EXPECT_EQ(rig.station.form1.VrIris.value(), before);
+    EXPECT_EQ(rig.form1.VrIris.value(), before);
     EXPECT_TRUE(rig.takeQueued().empty());
     EXPECT_FALSE(peer.authenticated());
 
     EXPECT_EQ(peer.execute("auth kestrel-42-amber", rig.t0), "OK");
     EXPECT_TRUE(peer.authenticated());
     EXPECT_EQ(peer.execute("level iris 3", rig.t0), "OK");
-    EXPECT_EQ(rig.station.form1.VrIris.value(), 3);
+    EXPECT_EQ(rig.form1.VrIris.value(), 3);
     EXPECT_EQ(rig.logged, (std::vector<std::string>{"remote: 192.0.2.7 gave the passcode"}));
 
     // This computer needs none; without a passcode the network gets nowhere.
@@ -75,56 +73,6 @@ TEST(RemoteSession, WrongAttemptsAreSlowedAndLogged) {
     EXPECT_EQ(rig.logged.back(), "remote: 192.0.2.7 gave the passcode");
     EXPECT_EQ(rig.logged.size(), 17u);
 
-    EXPECT_EQ(remote::AccessGate::passcodeProblem("short"), "a passcode needs at least 8 characters");
-    EXPECT_EQ(remote::AccessGate::passcodeProblem("has a blank"), "a passcode has no blanks or control characters");
-    const std::string made = remote::AccessGate::generate();
-    EXPECT_EQ(remote::AccessGate::passcodeProblem(made), "");
-    EXPECT_NE(made, remote::AccessGate::generate());
-}
-
-// Pushes are driven by changes: a command, the line's traffic or a redraw marks the feed and
-// wakes its host once; a second at rest marks nothing, and a delivery with nothing changed
-// tells no one.
-TEST(ChangeFeed, PushesFollowChangesAndRestCostsNothing) {
-    RemoteRig rig;
-    remote::ChangeFeed feed(rig.commands);
-    int wakes = 0;
-    feed.wake = [&wakes] { ++wakes; };
-    std::vector<remote::StateList> told;
-    auto subscription = feed.subscribe([&told](const remote::StateList& changed) { told.push_back(changed); });
-    feed.restart();
-
-    rig.run(1000);
-    EXPECT_EQ(wakes, 0);
-    EXPECT_FALSE(feed.due());
-
-    EXPECT_EQ(rig.commands.execute("level iris 12"), "OK");
-    EXPECT_EQ(rig.commands.execute("mode bar 1"), "OK");
-    EXPECT_EQ(wakes, 1);  // one wake for the batch
-    feed.deliver();
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0], (remote::StateList{{"mode bar", "1"}, {"level iris", "12"}}));
-
-    rig.run(100);  // the frames go out: the line marks the feed
-    EXPECT_EQ(wakes, 2);
-    feed.deliver();
-    EXPECT_EQ(told.size(), 1u);  // nothing a surface shows changed
-    EXPECT_EQ(feed.pushes(), 1);
-
-    rig.run(4000);  // the fake camera never answers: the line's watches tell the line's state
-    feed.deliver();
-    const long wakesAtRest = wakes;
-    rig.run(1000);
-    EXPECT_EQ(wakes, wakesAtRest);
-
-    rig.station.form1.OptBar.click(0);  // the operator's click, told by the window's redraw
-    feed.changed();
-    feed.deliver();
-    EXPECT_EQ(told.back(), (remote::StateList{{"mode bar", "0"}}));
-    subscription.reset();
-    EXPECT_EQ(rig.commands.execute("level iris 20"), "OK");
-    feed.deliver();
-    EXPECT_EQ(told.back(), (remote::StateList{{"mode bar", "0"}}));
 }
 
 }  // namespace

@@ -11,9 +11,11 @@
 #include <vector>
 
 #include "app/actions.hpp"
+#include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
 #include "app/station_readout.hpp"
 #include "common/hex.hpp"
+#include "remote/held_messages.hpp"
 #include "tests/support/fake_dialogs.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/fake_port.hpp"
@@ -28,7 +30,7 @@ struct StationRig {
     // Started at once, unless the test first sets up the port and calls Form_Load itself.
     // `device` stands in for the fake port (a real terminal); the fake then goes unused.
     explicit StationRig(bool started = true, SerialPort* device = nullptr)
-        : station({device != nullptr ? *device : port, messages, dialogs, writer, STATION_SAMPLES_DIR,
+        : station({device != nullptr ? *device : port, held, preset, writer, STATION_SAMPLES_DIR,
                    [this] { return clock; }}) {
         if (started) station.Form_Load();
     }
@@ -75,6 +77,10 @@ struct StationRig {
     FakeDialogs dialogs;
     DiskWriter writer;
     std::chrono::system_clock::time_point clock{std::chrono::hours(24 * 365 * 50)};
+    // Messages and dialogs pass through unchanged unless a remote command holds its messages
+    // back or names the file itself.
+    remote::HeldMessages held{messages};
+    PresetDialogs preset{dialogs};
     Station station;
     const StationTicks ticks = stationTicks(station);
     const StationForms forms = station.forms();

@@ -10,9 +10,9 @@
 #include <QStatusBar>
 #include <QtTest>
 
+#include <map>
+
 #include "tests/support/frames.hpp"
-#include "tests/support/temp_folder.hpp"
-#include "tests/ui/menu_walk.hpp"
 #include "tests/ui/view_rig.hpp"
 #include "ui/windows/camera_set_window.hpp"
 #include "ui/windows/console_window.hpp"
@@ -35,6 +35,17 @@ void showActive(ViewRig& rig) {
     QVERIFY(QTest::qWaitForWindowActive(&window));
 }
 
+// Each Alt key that two entries of one menu level share ("Setup: Alt+R twice").
+void mnemonicClashes(const QString& where, const QList<QAction*>& actions, QStringList& clashes) {
+    std::map<int, int> seen;
+    for (QAction* a : actions) {
+        const QKeySequence key = QKeySequence::mnemonic(a->text());
+        if (!a->isSeparator() && !key.isEmpty() && ++seen[key[0].toCombined()] == 2)
+            clashes << QStringLiteral("%1: %2 twice").arg(where, key.toString());
+        if (a->menu() != nullptr) mnemonicClashes(a->text().remove(QLatin1Char('&')), a->menu()->actions(), clashes);
+    }
+}
+
 std::string levelCommand(int value) {
     return "302B" + hexByte(static_cast<std::uint8_t>(value)) + "00";
 }
@@ -45,59 +56,13 @@ class KeysTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void cameraKeysSelectAsTheCameraButtonsDo() {
-        ViewRig rig;
-        rig.openStudio();
-        showActive(rig);
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_3);
-        QCOMPARE(rig.station.form1.Option9.selected(), 3);
-        QVERIFY(rig.main<QPushButton>("Option9(3)").isChecked());
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_G);
-        QCOMPARE(rig.station.form1.Option9.selected(), 0);
-
-        // With COPY ticked the key copies, as a click does: camera 1 takes camera 2's scenes
-        // (both are ST1).
-        QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
-        rig.station.stores.MainScnData(1, 2, 3) = "1";
-        rig.main<QAbstractButton>("CamCopy").click();
-        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_1);
-        QCOMPARE(rig.messages.shown.size(), std::size_t{0});
-        QCOMPARE(rig.station.form1.CamCopy.value(), 0);  // one-shot
-        QCOMPARE(rig.station.shared.CamNo, 1);
-        QCOMPARE(rig.station.stores.MainScnData(1, 1, 3), std::string("1"));
-        QVERIFY(rig.takeQueued().empty());  // a selection sends nothing
-    }
-
-    void fileShortcutsAndF1RunTheirMenuEntries() {
-        ViewRig rig;
-        showActive(rig);
-        ui::MainMenus& menus = rig.view->mainWindow().menus();
-        const struct {
-            const char* entry;
-            QKeyCombination keys;
-        } table[] = {
-            {"OPEN", Qt::CTRL | Qt::Key_O},
-            {"SAVE", Qt::CTRL | Qt::Key_S},
-            {"SAVE AS", Qt::CTRL | Qt::SHIFT | Qt::Key_S},
-            {"Ver 0.13", QKeyCombination(Qt::Key_F1)},
-            {"Quit", Qt::CTRL | Qt::Key_Q},
-        };
-        for (const auto& row : table) {
-            QAction* action = menus.action(QString::fromLatin1(row.entry));
-            QVERIFY2(action != nullptr, row.entry);
-            QSignalSpy triggered(action, &QAction::triggered);
-            QTest::keyClick(&rig.view->mainWindow(), row.keys.key(), row.keys.keyboardModifiers());
-            QVERIFY2(triggered.count() == 1, row.entry);
-        }
-        QVERIFY(rig.ended);
-    }
-
     void everyAltKeyIsUniqueAndAltCOpensTheCameraMenu() {
         ViewRig rig;
         rig.openStudio();
         showActive(rig);
         QMenuBar& bar = *rig.view->mainWindow().menuBar();
-        const QStringList clashes = mnemonicClashes(bar);
+        QStringList clashes;
+        mnemonicClashes(QStringLiteral("menu bar"), bar.actions(), clashes);
         QVERIFY2(clashes.isEmpty(), qPrintable(clashes.join(QStringLiteral("; "))));
 
         // "Camera to PC" replaces the working copy: no Alt key reaches it.
@@ -111,45 +76,35 @@ private slots:
         QVERIFY(cameraMenu != nullptr);
         QSignalSpy opened(cameraMenu, &QMenu::aboutToShow);
         QSignalSpy readRan(read, &QAction::triggered);
-        rig.station.stores.MainScnData(2, 1, 0) = "1";  // an edited working copy
         QTest::keyClick(&rig.view->mainWindow(), Qt::Key_C, Qt::AltModifier);
         QTRY_COMPARE(opened.count(), 1);
         cameraMenu->close();
         QCOMPARE(readRan.count(), 0);
         QVERIFY(rig.takeQueued().empty());  // no read requests went out
-        QCOMPARE(rig.station.stores.MainScnData(2, 1, 0), std::string("1"));
     }
 
-    void arrowsStepALevelAndPageKeysMoveTen() {
+    // Arrows step a level and page keys move ten; an option group is one Tab stop with
+    // arrows inside.
+    void arrowsStepALevelAndMoveInsideAGroup() {
         ViewRig rig;
         showActive(rig);
         auto& bar = rig.main<QScrollBar>("VrMblk.bar");
         bar.setFocus();
-        const int start = rig.station.form1.VrMblk.value();
+        const int start = rig.form1.VrMblk.value();
         // The bar's top is its highest level.
         const struct {
             Qt::Key key;
             int change;
         } table[] = {{Qt::Key_Up, 1}, {Qt::Key_Down, -1}, {Qt::Key_PageUp, 10}, {Qt::Key_PageDown, -10}};
         for (const auto& row : table) {
-            const int was = rig.station.form1.VrMblk.value();
+            const int was = rig.form1.VrMblk.value();
             QTest::keyClick(&bar, row.key);
-            QCOMPARE(rig.station.form1.VrMblk.value(), was + row.change);
+            QCOMPARE(rig.form1.VrMblk.value(), was + row.change);
             QCOMPARE(rig.takeQueued(), Commands{levelCommand(was + row.change)});
         }
-        QCOMPARE(rig.station.form1.VrMblk.value(), start);
+        QCOMPARE(rig.form1.VrMblk.value(), start);
 
-        // The wheel over a bar without the focus changes nothing.
-        auto& other = rig.main<QScrollBar>("VrDtl.bar");
-        QWheelEvent wheel(QPointF(5, 5), other.mapToGlobal(QPointF(5, 5)), {}, QPoint(0, 120), Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(&other, &wheel);
-        QVERIFY(rig.takeQueued().empty());
-    }
 
-    void anOptionGroupIsOneTabStopWithArrowsInside() {
-        ViewRig rig;
-        showActive(rig);
         // Only the selected button of a group is a Tab stop.
         auto& cam = rig.main<QRadioButton>("OptBar(0)");
         auto& bars = rig.main<QRadioButton>("OptBar(1)");
@@ -161,7 +116,7 @@ private slots:
         cam.setFocus();
         QTest::keyClick(&cam, Qt::Key_Down);
         QVERIFY(bars.hasFocus());
-        QCOMPARE(rig.station.form1.OptBar.selected(), 1);
+        QCOMPARE(rig.form1.OptBar.selected(), 1);
         QCOMPARE(rig.takeQueued(), Commands{"200801FE"});
         QVERIFY(bars.focusPolicy() & Qt::TabFocus);
 
@@ -171,9 +126,9 @@ private slots:
         QTest::keyClick(&scene1, Qt::Key_Right);
         auto& scene2 = rig.main<QPushButton>("Option7(2)");
         QVERIFY(scene2.hasFocus());
-        QCOMPARE(rig.station.form1.Option7.selected(), 1);
+        QCOMPARE(rig.form1.Option7.selected(), 1);
         QTest::keyClick(&scene2, Qt::Key_Space);
-        QCOMPARE(rig.station.form1.Option7.selected(), 2);
+        QCOMPARE(rig.form1.Option7.selected(), 2);
     }
 
     void theFocusedControlIsMarked() {
@@ -231,21 +186,23 @@ private slots:
         rig.openStudio();
         showActive(rig);
         rig.view->forward([&rig] {
-            rig.station.form2.form.Show();
-            rig.station.form4.form.Show();
-            rig.station.console.form.Show();
-            rig.station.line.window.Show();
+            rig.form2.form.Show();
+            rig.form4.form.Show();
+            rig.forms.console.form.Show();
+            rig.forms.lineLog.Show();
         });
-        const std::string before = rig.station.shared.cams.CamType(1);
+        const std::string before = rig.readout.cameraType(1);
         QWidget* windows[] = {&rig.view->functionWindow(), &rig.view->cameraSetWindow(), &rig.view->consoleWindow(),
                               &rig.view->lineLogWindow()};
         for (QWidget* w : windows) {
             QVERIFY2(w->isVisible(), qPrintable(w->objectName()));
+            QCOMPARE(w->windowType(), Qt::Dialog);  // kept above its main window
+            QCOMPARE(w->windowHandle()->transientParent(), rig.view->mainWindow().windowHandle());
             QTest::keyClick(w, Qt::Key_Escape);
             QVERIFY2(!w->isVisible(), qPrintable(w->objectName()));
         }
-        QVERIFY(!rig.station.form2.form.Visible && !rig.station.form4.form.Visible);
-        QCOMPARE(rig.station.shared.cams.CamType(1), before);  // Esc only closes: no "OK"
+        QVERIFY(!rig.form2.form.Visible && !rig.form4.form.Visible);
+        QCOMPARE(rig.readout.cameraType(1), before);  // Esc only closes: no "OK"
         QVERIFY(rig.takeQueued().empty());
     }
 
@@ -262,7 +219,7 @@ private slots:
                    state.text().contains(QStringLiteral("not stored"));
         };
         QCOMPARE(window.windowTitle(), QStringLiteral("studio.csd - Camera Control"));
-        const int scene = rig.station.shared.ScnNo(1);
+        const int scene = rig.readout.sceneOf(1);
         const int other = scene == 1 ? 2 : 1;
         const auto sceneButton = [](int n) { return QStringLiteral("Option7(%1)").arg(n); };
 
@@ -285,23 +242,13 @@ private slots:
         QVERIFY(!mark.isVisibleTo(&window));
         QCOMPARE(window.windowTitle(), QStringLiteral("*studio.csd - Camera Control"));
 
-        // SAVE AS: the file holds what the stores hold, and the mark goes.
-        TempFolder folder;
-        const auto file = folder / "day.csd";
-        rig.dialogs.saveAnswer = file.string();
+        // SAVE AS: the title names the new file, unmarked.
+        rig.dialogs.saveAnswer = (rig.folder / "day.csd").string();
         rig.view->forward([&rig] { rig.station.SAVE_AS_Click(); });
         QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
-        {
-            ViewRig again;
-            again.dialogs.openAnswer = file.string();
-            again.view->forward([&again] { again.station.OPEN_Click(); });
-            QCOMPARE(QString::fromStdString(again.station.stores.MainScnData(1, 1, scene)),
-                     QString::fromLatin1(bar ? "0" : "1"));
-            QCOMPARE(again.view->mainWindow().windowTitle(), QStringLiteral("day.csd - Camera Control"));
-        }
 
         // Camera to PC: the camera's values fill the working copy, which no file holds.
-        rig.view->forward([&rig] { rig.station.pages.READ_Click(); });
+        rig.view->forward([&rig] { rig.form1.Command12.click(); });
         rig.port.arrive(reply(bar ? "22 08 01" : "22 08 00"));  // the camera still has the old bar
         QTRY_VERIFY(marked(sceneButton(scene)));
         QCOMPARE(window.windowTitle(), QStringLiteral("day.csd - Camera Control"));
@@ -321,39 +268,47 @@ private slots:
         QMainWindow& window = rig.view->mainWindow();
         QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
                           Qt::LeftButton);
-        const std::string edited = rig.station.stores.MainScnData(1, 1, 0);
+        const std::string edited = rig.field(mBar, 1);
         QTest::keyClick(&window, Qt::Key_2);
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
-        QCOMPARE(rig.station.stores.MainScnData(1, 1, 0), edited);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
+        QCOMPARE(rig.field(mBar, 1), edited);
         QCOMPARE(window.statusBar()->currentMessage(), QStringLiteral("Not stored: press 2 again to choose camera 2"));
         QTest::keyClick(&window, Qt::Key_3);  // another key is a first press of its own
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
         QTest::keyClick(&window, Qt::Key_3);
-        QCOMPARE(rig.station.form1.Option9.selected(), 3);
+        QCOMPARE(rig.form1.Option9.selected(), 3);
 
         // Nothing unstored: one press chooses.
         QTest::keyClick(&window, Qt::Key_G);
-        QCOMPARE(rig.station.form1.Option9.selected(), 0);
+        QCOMPARE(rig.form1.Option9.selected(), 0);
         QCOMPARE(rig.main<QLabel>("panelState").text(), QStringLiteral("GROUP: every camera"));
         QTest::keyClick(&window, Qt::Key_1);
-        QCOMPARE(rig.station.form1.Option9.selected(), 1);
+        QCOMPARE(rig.form1.Option9.selected(), 1);
         QCOMPARE(rig.main<QLabel>("panelState").text(), QString());
 
         // The camera button itself chooses at once, unstored changes or not.
         QTest::mouseClick(&rig.main<QRadioButton>(rig.main<QRadioButton>("OptBar(1)").isChecked() ? "OptBar(0)" : "OptBar(1)"),
                           Qt::LeftButton);
         QTest::mouseClick(&rig.main<QPushButton>("Option9(2)"), Qt::LeftButton);
-        QCOMPARE(rig.station.form1.Option9.selected(), 2);
-    }
+        QCOMPARE(rig.form1.Option9.selected(), 2);
 
-    void satelliteWindowsStayAboveTheMainWindow() {
-        ViewRig rig;
-        showActive(rig);
-        ui::FunctionWindow& function = rig.view->functionWindow();
-        rig.view->forward([&rig] { rig.station.form2.form.Show(); });
-        QVERIFY(function.isVisible());
-        QCOMPARE(function.windowType(), Qt::Dialog);  // kept above its main window
-        QCOMPARE(function.windowHandle()->transientParent(), rig.view->mainWindow().windowHandle());
+        // With COPY ticked the key copies, as a click does: camera 1 takes camera 2's scenes
+        // (both are ST1).
+        rig.view->forward([&rig] {  // an edit of camera 2 stored in its scene 3
+            rig.form1.OptBar.click(1 - rig.form1.OptBar.selected());
+            rig.form1.ScnStore.setValue(1);
+            rig.form1.Option7.click(3);
+        });
+        const std::string stored = rig.field(mBar, 2, 3);
+        QVERIFY(rig.field(mBar, 1, 3) != stored);
+        rig.takeQueued();
+        rig.main<QAbstractButton>("CamCopy").click();
+        QTest::keyClick(&rig.view->mainWindow(), Qt::Key_1);
+        QCOMPARE(rig.messages.shown.size(), std::size_t{0});
+        QCOMPARE(rig.form1.CamCopy.value(), 0);  // one-shot
+        QCOMPARE(rig.readout.selectedCamera(), 1);
+        QCOMPARE(rig.field(mBar, 1, 3), stored);
+        QVERIFY(rig.takeQueued().empty());  // a selection sends nothing
     }
 };
 

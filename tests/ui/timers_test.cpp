@@ -24,14 +24,14 @@ private slots:
         QVERIFY(timers.running(Which::Poll));  // asleep, not stopped
 
         // A gesture queues a frame: the poll wakes and sends it, the acknowledge watch runs.
-        rig.view->forward([&rig] { rig.station.link.SendCmd("200801FE"); });
+        rig.view->forward([&rig] { rig.form1.OptBar.click(1); });
         QVERIFY(timers.awake(Which::Poll));
         QTRY_COMPARE_WITH_TIMEOUT(rig.port.writes.size(), std::size_t{1}, 500);
         QVERIFY(timers.awake(Which::AckWatch));
 
         // Its ACK arrives while the poll is awake for it; then everything sleeps again.
         rig.port.arrive(bytesOf({0x06}));
-        QTRY_COMPARE_WITH_TIMEOUT(rig.station.link.queue().SendCnt(), 0, 500);
+        QTRY_COMPARE_WITH_TIMEOUT(rig.readout.queued(), 0, 500);
         QTRY_VERIFY_WITH_TIMEOUT(!timers.awake(Which::Poll) && !timers.awake(Which::AckWatch), 500);
         QVERIFY(rig.messages.shown.empty());  // acknowledged in time: no "No Acknowledge"
 
@@ -47,7 +47,7 @@ private slots:
         QTRY_VERIFY_WITH_TIMEOUT(!timers.awake(Which::Poll), 500);
 
         // A frame that is never acknowledged: the sleeping watch still counts its ten ticks.
-        rig.view->forward([&rig] { rig.station.link.SendCmd("200800FE"); });
+        rig.view->forward([&rig] { rig.form1.OptBar.click(0); });
         QTRY_COMPARE_WITH_TIMEOUT(rig.messages.texts(), std::vector<std::string>{"No Acknowledge"}, 3000);
         QTRY_VERIFY_WITH_TIMEOUT(!timers.awake(Which::Poll) && !timers.awake(Which::AckWatch), 500);
     }

@@ -1,37 +1,23 @@
 #pragma once
-// A started station on a fake port with its windows, as the desktop program shows them.
-// Messages are recorded, not shown; file dialogs answer what the test says.
+// The station rig with the desktop program's windows on it, started as the program starts.
+// Qt's timers drive the station in real time; messages are recorded, not shown.
 
 #include <QAbstractButton>
 #include <QWidget>
 
 #include <memory>
-#include <optional>
 #include <stdexcept>
 #include <string>
 
-#include "app/station.hpp"
-#include "common/hex.hpp"
-#include "tests/support/fake_messages.hpp"
-#include "tests/support/fake_port.hpp"
-#include "tests/support/queued_commands.hpp"
+#include "tests/support/station_rig.hpp"
 #include "ui/main/main_window.hpp"
 #include "ui/main/station_view.hpp"
 
 namespace station::testing {
 
-class AnsweredDialogs : public FileDialogs {
-public:
-    std::optional<std::string> openFile(const std::string&) override { return openAnswer; }
-    std::optional<std::string> saveFile(const std::string&) override { return saveAnswer; }
-    bool confirmReplace(const std::string&) override { return false; }
-    std::optional<std::string> openAnswer;
-    std::optional<std::string> saveAnswer;
-};
-
-struct ViewRig {
+struct ViewRig : StationRig {
     // portMissing: port 1 cannot be opened at start-up, as when its adapter is unplugged.
-    explicit ViewRig(bool portMissing = false) {
+    explicit ViewRig(bool portMissing = false) : StationRig(false) {
         port.failOpen = portMissing;
         view = std::make_unique<ui::StationView>(station, modal);
         view->onEnded = [this] { ended = true; };
@@ -39,10 +25,10 @@ struct ViewRig {
         view->refresh();
     }
 
-    // Opens the sample studio through the file menu: cameras 1 and 2 are ST1, with tally.
+    // The sample studio through the file menu: cameras 1 and 2 are ST1, with tally.
     void openStudio() {
-        dialogs.openAnswer = std::string(STATION_SAMPLES_DIR) + "/studio.csd";
-        view->forward([this] { station.OPEN_Click(); });
+        open(kStudio);
+        view->refresh();
     }
 
     template <typename W = QWidget>
@@ -56,14 +42,7 @@ struct ViewRig {
         return widget<W>(view->mainWindow(), name);
     }
 
-    std::vector<std::string> takeQueued() { return takeQueuedCommands(station.link.queue()); }
-
-    FakePort port;
-    FakeMessages messages;
-    AnsweredDialogs dialogs;
-    DiskWriter writer;
     ui::ModalPause modal;
-    Station station{{port, messages, dialogs, writer, STATION_SAMPLES_DIR}};
     std::unique_ptr<ui::StationView> view;
     bool ended = false;
 };

@@ -13,6 +13,7 @@
 
 #include "app/preset_dialogs.hpp"
 #include "app/station.hpp"
+#include "app/station_readout.hpp"
 #include "setupfile/file_writer.hpp"
 #include "ui/start/builtin_line.hpp"
 #include "ui/main/main_window.hpp"
@@ -56,6 +57,7 @@ int main(int argc, char** argv) {
     station.Form_Load();
     ui::openStudio(station, dialogs, std::string(STATION_SAMPLES_DIR) + "/studio.csd");
     view.refresh();
+    const StationReadout readout(station);
 
     QWidget& window = view.mainWindow();
     auto button = [&window](const QString& name) {
@@ -70,12 +72,12 @@ int main(int argc, char** argv) {
         clock.start();
         do {
             QApplication::processEvents(QEventLoop::AllEvents, 5);
-        } while ((station.link.queue().SendCnt() > 0 || station.link.AckWait() != -1 ||
-                  station.link.AnsWait() != -1 || station.form6.form.Visible) &&
+        } while ((readout.queued() > 0 || readout.awaitingAcknowledge() || readout.awaitingAnswer() ||
+                  readout.autoShown()) &&
                  clock.elapsed() < 8000);
     };
 
-    for (int n = 1; n <= actions && !station.ended(); ++n) {
+    for (int n = 1; n <= actions && !readout.ended(); ++n) {
         const int step = n % 20;
         if (n % 250 == 0) {
             button(QStringLiteral("Command12"))->click();  // page read
