@@ -11,13 +11,8 @@ namespace station {
 namespace {
 
 using testing::Commands;
-using testing::StationRig;
 
-struct Studio : StationRig {
-    Studio() {
-        open(testing::kStudio);
-        takeQueued();
-    }
+struct Studio : testing::StudioRig {
 
     // Selects a camera and shows one item of one function, without sending.
     void show(int camera, const std::string& function, const std::string& item) {

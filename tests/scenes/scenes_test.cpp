@@ -7,13 +7,8 @@ namespace station {
 namespace {
 
 using testing::Commands;
-using testing::StationRig;
 
-struct Studio : StationRig {
-    Studio() {
-        open(testing::kStudio);
-        takeQueued();
-    }
+struct Studio : testing::StudioRig {
     Commands read(int camera) {
         form1.Option9.click(camera);
         form1.Command12.click();  // "Camera to PC"
@@ -61,7 +56,7 @@ TEST(Pages, ReadAndWriteByTypeGainFamilyAndItem) {
 }
 
 TEST(CameraSet, TypesIdsAndConfirm) {
-    StationRig rig;
+    testing::StationRig rig;
     Form4& f = rig.form4;
     rig.station.Camera_ID_Click();
     f.Option1.click(2);

@@ -103,4 +103,12 @@ struct StationRig {
 using Commands = std::vector<std::string>;
 inline constexpr const char* kStudio = STATION_SAMPLES_DIR "/studio.csd";
 
+// The rig with the sample studio opened and nothing left queued to go out.
+struct StudioRig : StationRig {
+    StudioRig() {
+        open(kStudio);
+        takeQueued();
+    }
+};
+
 }  // namespace station::testing
