@@ -11,7 +11,6 @@
 
 using namespace station;
 using namespace station::testing;
-using Commands = std::vector<std::string>;
 
 class FunctionWindowTest : public QObject {
     Q_OBJECT

@@ -24,7 +24,6 @@
 
 using namespace station;
 using namespace station::testing;
-using Commands = std::vector<std::string>;
 
 namespace {
 
