@@ -122,7 +122,7 @@ void FunctionEditor::DataFuncDsp() {
         const std::string* v = stored(f, it);
         if (v == nullptr) continue;
         // The value as the page shows it, not the text the file held.
-        if (!v->empty()) link_.SendCmd(it.command(*v));
+        if (const FunctionItem::Value shown = it.valueOf(*v); !shown.text.empty()) link_.SendCmd(it.command(shown.text));
     }
 }
 
