@@ -425,6 +425,20 @@ private slots:
         QCOMPARE(rig.remote.tcp().clientCount(), 1);
     }
 
+    void aHeldClientIsTakenUpAgainOnceItHasRead() {
+        // Its lines come in one go and the station takes them all from the socket at once, so
+        // nothing more arrives to wake it: once the client has read its replies, the station
+        // goes on with the lines it holds by itself.
+        Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 32, std::chrono::minutes(10)});
+        QVERIFY(rig.remote.setEnabled(true));
+        Client c(rig.remote.tcp().port());
+        QByteArray asks;
+        for (int i = 0; i < 50; ++i) asks += "get camera\n";
+        c.send(asks);
+        QCOMPARE(c.replies(50).size(), 50);
+        QVERIFY(rig.remote.tcp().holds() >= 1);
+    }
+
     void aBoxFromTheTickLetsClientsReadAndIsClosedByBoxOk() {
         // The station's box waits, as a message box does, until it is closed.
         ModalPause modal;
