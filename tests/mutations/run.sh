@@ -8,7 +8,10 @@
 #   QUICK=1 tests/mutations/run.sh     (stop at the first failing entry: a verdict, not every catcher)
 #
 # The build goes to SOURCE_ROOT/build/mut (GCC, UI on, benchmarks off). Each planted file is
-# put back byte for byte afterwards (and rebuilt), also when the script is interrupted.
+# put back byte for byte afterwards (and rebuilt), also when the script is interrupted. The
+# faults are planted in SOURCE_ROOT's working tree: to go on working meanwhile, run it on a
+# clone (git clone . /tmp/mut && tests/mutations/run.sh /tmp/mut), never commit from the tree
+# it plants in.
 set -uo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
 root=$(cd "${1:-$here/../..}" && pwd)
