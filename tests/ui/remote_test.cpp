@@ -378,9 +378,7 @@ private slots:
         Client deaf(port);  // asks and asks, but never reads a reply
         deaf.socket.setReadBufferSize(1);
         deaf.socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 4096);
-        QByteArray asks;
-        for (int i = 0; i < 100000; ++i) asks += "help\n";
-        deaf.send(asks);
+        deaf.send(QByteArray("help\n").repeated(100000));
         QTRY_COMPARE(rig.remote.tcp().clientCount(), 3);
         QElapsedTimer since;
         since.start();
@@ -426,15 +424,12 @@ private slots:
     }
 
     void aHeldClientIsTakenUpAgainOnceItHasRead() {
-        // Its lines come in one go and the station takes them all from the socket at once, so
-        // nothing more arrives to wake it: once the client has read its replies, the station
-        // goes on with the lines it holds by itself.
+        // All its lines are taken from the socket at once, so nothing more arrives to wake the
+        // station: once the client has read its replies, it goes on with them by itself.
         Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 32, std::chrono::minutes(10)});
         QVERIFY(rig.remote.setEnabled(true));
         Client c(rig.remote.tcp().port());
-        QByteArray asks;
-        for (int i = 0; i < 50; ++i) asks += "get camera\n";
-        c.send(asks);
+        c.send(QByteArray("get camera\n").repeated(50));
         QCOMPARE(c.replies(50).size(), 50);
         QVERIFY(rig.remote.tcp().holds() >= 1);
     }
