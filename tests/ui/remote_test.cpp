@@ -20,6 +20,9 @@
 #include <QTimer>
 #include <QtTest>
 
+#include <atomic>
+#include <thread>
+
 #include "remote/osc_codec.hpp"
 #include "tests/support/station_rig.hpp"
 #include "ui/main/checksum_menu.hpp"
@@ -402,23 +405,20 @@ private slots:
     }
 
     void aPipeliningClientIsHeldNeverReset() {
-        // 100,000 pipelined commands, every one answered (REMOTE_PIPELINE=N for another count).
-        const char* countText = std::getenv("REMOTE_PIPELINE");
-        const int count = countText != nullptr ? std::max(1, std::atoi(countText)) : 100000;
+        // 100,000 pipelined commands, every one answered (REMOTE_PIPELINE=N: N pairs instead).
+        const char* pairs = std::getenv("REMOTE_PIPELINE");
+        const int count = 2 * (pairs != nullptr ? std::max(1, std::atoi(pairs)) : 50000);
         Rig rig(QHostAddress(QHostAddress::LocalHost), 0, TcpLimits{16, 4096, std::chrono::minutes(10)});
         QVERIFY(rig.remote.setEnabled(true));
         Client c(rig.remote.tcp().port());
         c.socket.setReadBufferSize(4096);  // it reads nothing at first
         c.socket.setSocketOption(QAbstractSocket::ReceiveBufferSizeSocketOption, 65536);
-        QByteArray flood;
-        for (int i = 0; i < count; ++i) flood += i % 2 ? "level iris 5\n" : "level iris 6\n";
-        c.send(flood);
+        c.send(QByteArray("level iris 6\nlevel iris 5\n").repeated(count / 2));
         // It reads nothing at first: the station stops taking its lines instead of closing it.
         QTRY_VERIFY_WITH_TIMEOUT(rig.remote.tcp().holds() >= 1, 20000);
         QCOMPARE(c.socket.state(), QAbstractSocket::ConnectedState);
         c.socket.setReadBufferSize(0);  // now it reads as fast as it can
-        const QStringList replies = c.replies(count);
-        QCOMPARE(replies.size(), count);
+        QCOMPARE(c.replies(count).size(), count);
         QCOMPARE(c.socket.state(), QAbstractSocket::ConnectedState);
         QCOMPARE(rig.remote.tcp().clientCount(), 1);
     }
@@ -540,24 +540,25 @@ private slots:
         sender.send(remote::encodeArgs("/register", {std::string("studio"), 9000}));
         QCOMPARE(sender.receive(5).last(), QStringLiteral("/reply ERR not an address: studio"));
     }
-    // Bursts far past what the system holds for the socket: the station reads on, and a press
-    // after each burst acts within 3 s. What the system dropped is counted and logged.
+    // Bursts from another thread, far past what the system holds for the socket, while the
+    // station reads: it reads on, and a press after each burst acts within 3 s.
     void oscNeverGoesDeafAfterABurst() {
         Rig rig;
         QVERIFY(rig.remote.setEnabled(true));
         Surface surface(rig.remote.osc().port());
         const remote::Packet fader = remote::encodeArgs("/level/iris", {12.0f});
         for (int burst = 0; burst < 3; ++burst) {
-            for (int i = 0; i < 2000; ++i) surface.send(fader);
+            std::atomic<bool> sending = true;
+            std::thread flood([&] { for (Surface from(rig.remote.osc().port()); sending;) from.send(fader); });
+            QTest::qWait(300);
+            sending = false;
+            flood.join();
             QTest::qWait(300);  // a surface's next message comes a moment later, not inside the burst
             const int camera = 2 + burst;
             surface.send(remote::encodeArgs("/camera/" + std::to_string(camera), {1.0f}));
-            QElapsedTimer took;
-            took.start();
             QTRY_COMPARE_WITH_TIMEOUT(rig.readout.selectedCamera(), camera, 3000);
-            qInfo("burst %d: the press acted %lld ms after it was sent; %llu dropped so far", burst,
-                  static_cast<long long>(took.elapsed()), static_cast<unsigned long long>(rig.remote.osc().dropped()));
         }
+        QVERIFY(rig.remote.osc().dropped() > 0);  // what the system could not hold is counted
         surface.send(remote::encodeArgs("/camera", {std::int32_t{0}}));  // GROUP, as the station pushes it
         QTRY_COMPARE(rig.readout.selectedCamera(), 0);
     }
