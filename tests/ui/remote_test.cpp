@@ -553,7 +553,7 @@ private slots:
             QTest::qWait(300);
             sending = false;
             flood.join();
-            QTest::qWait(300);  // a surface's next message comes a moment later, not inside the burst
+            QTest::qWait(1000);  // a surface's next message comes a moment later, once the station has read
             const int camera = 2 + burst;
             surface.send(remote::encodeArgs("/camera/" + std::to_string(camera), {1.0f}));
             QTRY_COMPARE_WITH_TIMEOUT(rig.readout.selectedCamera(), camera, 3000);
